@@ -69,24 +69,27 @@ stamp=build/release/library-built # as old as the forms that the library was mad
 # A database that somebody has open holds a lock on its file.
 in_use() { grep -q ":$(stat -c %i "$1") " /proc/locks 2>/dev/null; }
 
-if [ -e $library ] && [ $new_library = yes ]; then
-  if in_use $library; then
-    echo "run.sh: the library is open; close the program first." >&2
-    exit 1
-  fi
-  aside=build/release/Data/Forms-$(date +%Y-%m-%d-%H%M%S).dat
-  mv $library "$aside"
-  # what a crash left unfinished belongs to the old file
-  if [ -e $library-journal ]; then mv $library-journal "$aside-journal"; fi
-  echo "The library in use, with your own forms, is now $aside"
-fi
 if [ ! -e $library ]; then
   echo "Building the library $library"
   build_library $library
   touch $stamp
+elif [ $new_library = yes ]; then
+  if in_use $library; then
+    echo "run.sh: the library is open; close the program first." >&2
+    exit 1
+  fi
+  fresh=build/release/Data/Forms-fresh.dat
+  build_library $fresh
+  aside=build/release/Data/Forms-$(date +%Y-%m-%d-%H%M%S).dat
+  mv $library "$aside"
+  # what a crash left unfinished belongs to the old file
+  if [ -e $library-journal ]; then mv $library-journal "$aside-journal"; fi
+  mv $fresh $library
+  touch $stamp
+  echo "The library is fresh. The one in use until now, with your own forms, is $aside"
 elif [ -n "$(find forms build/release/quillbrook-library -newer $stamp -print -quit 2>/dev/null)" ]; then
-  echo "forms/ has changed since your library was built. Your library stays as it is, for it holds your own forms;"
-  echo "./run.sh --new-library builds a fresh one and keeps yours beside it."
+  echo "forms/, or what builds a library of it, has changed since your library was built. Your library stays as it is, for"
+  echo "it holds your own forms; ./run.sh --new-library builds a fresh one and keeps yours beside it."
 fi
 
 exec build/release/quillbrook "$@"

@@ -27,7 +27,7 @@ running() { [ -n "$program_pid" ] && kill -0 "$program_pid" 2>/dev/null; }
 
 # window TITLE: the id of the program's visible window whose title has the pattern, or nothing.
 window() {
-  timeout 10 xdotool search --all --onlyvisible --pid "$program_pid" --name "$1" 2>/dev/null | tail -n 1
+  timeout 10 xdotool search --all --onlyvisible --pid "$program_pid" --name "$1" 2>/dev/null | tail -n 1 || true
 }
 
 # wait_window TITLE [SECONDS]: waits until the window is there and prints its id.
