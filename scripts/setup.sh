@@ -8,7 +8,8 @@ export LC_ALL=C # what apt says is read below
 # The one list: group | package, or alternatives in order of liking | how to see it on another system | why.
 # cmd: a command; pc: a pkg-config module; lib: a static library; font: a font family; none: cannot be seen.
 packages() {
-  cat <<'LIST'
+  local rows
+  mapfile -t rows <<'LIST'
 build|g++|cmd:g++|the C++20 compiler
 build|cmake|cmd:cmake|writes the build files (3.25 or later)
 build|ninja-build|cmd:ninja|runs the build
@@ -31,10 +32,11 @@ tour|imagemagick|cmd:import|takes the tour's pictures
 tour|poppler-utils|cmd:pdftoppm|shows the pages of the printed documents
 fuzz|clang|cmd:clang++|the compiler that has the fuzzer
 LIST
+  printf '%s\n' "${rows[@]}"
   # the fuzzer's run-time library goes by the version of clang, and only a clang that is there tells it
   local version=""
   if command -v clang >/dev/null; then
-    version=$(clang -dumpversion 2>/dev/null | cut -d. -f1)
+    version=$(clang -dumpversion 2>/dev/null | cut -d. -f1) || true
   elif command -v apt-cache >/dev/null; then
     version=$(apt-cache depends clang 2>/dev/null | sed -n 's/.*Depends: clang-\([0-9][0-9]*\)$/\1/p' | head -n 1) || true
   fi
