@@ -1,0 +1,96 @@
+// Rows and cells of tables.
+#include <algorithm>
+
+#include "platform/rich_text/rtf_limits.h"
+#include "platform/rich_text/rtf_reader_core.h"
+
+namespace platform {
+
+void RtfReader::OnRowDefaults(const Word&) {
+    m_row = {};
+    m_cell = {};
+    m_sharedRow.reset();
+    m_borderTarget = BorderTarget::None;
+}
+
+void RtfReader::OnRowNumber(const Word& word) {
+    (word.argument == 0 ? m_row.left : m_row.gap) = Twips();
+    if (word.argument != 0)
+        m_row.gap = std::clamp(m_row.gap, 0, 720);
+    AppendControls(m_row.controls);
+    m_sharedRow.reset();
+}
+
+void RtfReader::OnRowControl(const Word&) {
+    AppendControls(m_row.controls);
+    m_sharedRow.reset();
+}
+
+void RtfReader::OnCellEdge(const Word&) {
+    m_cell.right = Twips();
+    if (m_row.cells.size() < static_cast<std::size_t>(kMostColumns))
+        m_row.cells.push_back(std::move(m_cell));
+    m_cell = {};
+    m_borderTarget = BorderTarget::None;
+    m_sharedRow.reset();
+}
+
+void RtfReader::OnCellFlag(const Word& word) {
+    static constexpr bool RtfCellDefinition::*kMembers[] = {
+        &RtfCellDefinition::mergesNext, &RtfCellDefinition::mergedWithPrevious,
+        &RtfCellDefinition::mergesBelow, &RtfCellDefinition::mergedWithAbove};
+    m_cell.*kMembers[word.argument] = true;
+}
+
+void RtfReader::OnCellNumber(const Word& word) {
+    if (word.argument < 0)
+        m_cell.background = std::clamp(m_token.parameter, 0, 0xFFFF);
+    else
+        m_cell.verticalAlignment = word.argument;
+}
+
+void RtfReader::OnCellControl(const Word&) {
+    AppendControls(m_cell.controls);
+}
+
+void RtfReader::OnCellBorder(const Word& word) {
+    AppendControls(m_cell.controls);
+    m_borderTarget = BorderTarget::Cell;
+    for (std::size_t side = 0; side < m_borderSides.size(); ++side)
+        m_borderSides[side] = static_cast<int>(side) == word.argument;
+}
+
+void RtfReader::OnRowBorder(const Word&) {
+    AppendControls(m_row.controls);
+    m_borderTarget = BorderTarget::Row;
+    m_sharedRow.reset();
+}
+
+int RtfReader::TableLevel(bool nested) const {
+    return nested ? std::max(2, m_state.para.tableLevel) : 1;
+}
+
+void RtfReader::OnCell(const Word& word) {
+    if (!InBody())
+        return;
+    const bool nested = word.argument != 0;
+    const RtfParaState saved = m_state.para;
+    m_state.para.inTable = true;
+    m_state.para.tableLevel = TableLevel(nested);
+    EndParagraph();
+    m_flow.EndCell(TableLevel(nested));
+    m_state.para = saved;
+}
+
+void RtfReader::OnRow(const Word& word) {
+    if (!InBody())
+        return;
+    const int level = TableLevel(word.argument != 0);
+    if (m_flow.HasText())
+        OnCell(word);
+    if (!m_sharedRow)
+        m_sharedRow = std::make_shared<const RtfRowDefinition>(m_row);
+    m_flow.EndRow(level, m_row.cells.empty() ? nullptr : m_sharedRow);
+}
+
+} // namespace platform
