@@ -1,0 +1,140 @@
+#include "library/form_document.h"
+
+#include "library/form_formats.h"
+#include "library/form_table.h"
+#include "library/list_numbering.h"
+#include "platform/rich_text/document_model.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextFrame>
+
+namespace quillbrook {
+namespace {
+
+constexpr int kDefaultLanguage = 1033; // English, United States
+constexpr int kGapBetweenTables = 6;   // points
+
+class DocumentMaker {
+public:
+    explicit DocumentMaker(QTextDocument& document)
+        : m_document(document)
+        , m_cursor(&document) {}
+
+    void Make(const std::vector<Block>& blocks) {
+        m_cursor.beginEditBlock();
+        for (std::size_t i = 0; i < blocks.size(); ++i)
+            AddBlock(blocks[i], i + 1 < blocks.size() ? &blocks[i + 1] : nullptr);
+        if (m_afterTable) // room to write on behind a table
+            AddParagraph(QTextBlockFormat(), {}, TextFormat(), false);
+        m_cursor.endEditBlock();
+        SetPage();
+    }
+
+private:
+    void AddBlock(const Block& block, const Block* next) {
+        if (const auto* paragraph = std::get_if<Paragraph>(&block.content))
+            AddParagraph(ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next)), paragraph->runs,
+                         ParagraphTextFormat(paragraph->kind), block.newPage);
+        else if (const auto* list = std::get_if<List>(&block.content))
+            AddList(*list, 0, block.newPage);
+        else
+            AddTable(std::get<Table>(block.content));
+    }
+
+    Neighbours NeighboursOf(const Paragraph& paragraph, const Block* next) const {
+        Neighbours neighbours;
+        neighbours.afterTable = m_afterTable;
+        const auto* behind = next ? std::get_if<Paragraph>(&next->content) : nullptr;
+        const auto* table = next ? std::get_if<Table>(&next->content) : nullptr;
+        if (behind && IsSignature(behind->kind)) {
+            neighbours.beforeSignature = true;
+            neighbours.continuesSignature = behind->kind == paragraph.kind;
+        } else if (table && IsSignatureTable(*table)) {
+            neighbours.beforeSignature = true;
+        }
+        return neighbours;
+    }
+
+    void AddParagraph(QTextBlockFormat format, const Runs& runs, const QTextCharFormat& text, bool newPage) {
+        if (newPage)
+            format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        if (m_blockIsFree) {
+            m_cursor.setBlockFormat(format);
+            m_cursor.setBlockCharFormat(text);
+        } else {
+            m_cursor.insertBlock(format, text);
+        }
+        for (const Run& run : runs)
+            m_cursor.insertText(run.text, RunFormat(run, text));
+        m_blockIsFree = false;
+        m_afterTable = false;
+    }
+
+    void AddList(const List& list, int level, bool newPage) {
+        const int listNumber = m_lists.Add(list);
+        int number = list.start;
+        for (const ListItem& item : list.items) {
+            QTextBlockFormat format = ListItemFormat(level, MarkerText(list, number++), listNumber);
+            if (m_afterTable)
+                format.setTopMargin(platform::TwipsToPixels(kLine));
+            AddParagraph(format, item.runs, TextFormat(), std::exchange(newPage, false));
+            for (const List& nested : item.nested)
+                AddList(nested, level + 1, false);
+        }
+    }
+
+    void AddTable(const Table& table) {
+        if (m_blockIsFree) { // Qt wants a paragraph before a table, and readers would join two tables without
+                             // one
+            QTextCharFormat gap = TextFormat();
+            if (m_afterTable)
+                gap.setFontPointSize(kGapBetweenTables);
+            AddParagraph(QTextBlockFormat(), {}, gap, false);
+        }
+        InsertFormTable(m_cursor, table);
+        m_blockIsFree = true;
+        m_afterTable = true;
+    }
+
+    void SetPage() {
+        QTextFrameFormat page = m_document.rootFrame()->frameFormat();
+        page.setProperty(platform::PaperWidth, kPaperWidth);
+        page.setProperty(platform::PaperHeight, kPaperHeight);
+        page.setProperty(platform::MarginLeft, kMarginLeft);
+        page.setProperty(platform::MarginRight, kMarginRight);
+        page.setProperty(platform::MarginTop, kMarginTop);
+        page.setProperty(platform::MarginBottom, kMarginBottom);
+        page.setProperty(platform::DefaultTab, kHalfInch);
+        page.setProperty(platform::DefaultLanguage, kDefaultLanguage);
+        if (const QByteArray lists = m_lists.Source(); !lists.isEmpty())
+            page.setProperty(platform::ListTables, lists);
+        m_document.rootFrame()->setFrameFormat(page);
+    }
+
+    QTextDocument& m_document;
+    QTextCursor m_cursor;
+    ListTable m_lists;
+    bool m_blockIsFree = true; // the cursor stands in an empty paragraph that is not of the form yet
+    bool m_afterTable = false;
+};
+
+} // namespace
+
+std::unique_ptr<QTextDocument> MakeFormDocument(const std::vector<Block>& blocks) {
+    auto document = std::make_unique<QTextDocument>();
+    document->setUndoRedoEnabled(false);
+    QFont font;
+    font.setFamilies({QStringLiteral("Times New Roman")});
+    font.setStyleHint(QFont::Serif);
+    font.setPointSizeF(kFontSize);
+    document->setDefaultFont(font);
+    QTextOption option = document->defaultTextOption();
+    option.setTabStopDistance(platform::TwipsToPixels(kHalfInch));
+    document->setDefaultTextOption(option);
+    document->setDocumentMargin(0);
+    DocumentMaker(*document).Make(blocks);
+    return document;
+}
+
+} // namespace quillbrook

@@ -1,0 +1,151 @@
+#include "library/form_formats.h"
+
+#include "platform/rich_text/document_model.h"
+
+#include <QRegularExpression>
+
+namespace quillbrook {
+namespace {
+
+using platform::TwipsToPixels;
+
+constexpr int kSignatureIndent = 4'680; // twips: 3.25 inches
+
+// A forced break in a justified paragraph would stretch the line before it in word processors.
+Qt::Alignment Justified(const Runs& runs) {
+    return PlainText(runs).contains(QChar::LineSeparator) ? Qt::AlignLeft : Qt::AlignJustify;
+}
+
+void SetHanging(QTextBlockFormat& format, int left) {
+    format.setLeftMargin(TwipsToPixels(left));
+    format.setTextIndent(-TwipsToPixels(kHalfInch));
+    format.setTabPositions({QTextOption::Tab(TwipsToPixels(kHalfInch), QTextOption::LeftTab)});
+}
+
+void SetSpace(QTextBlockFormat& format, int before, int after) {
+    format.setTopMargin(TwipsToPixels(before));
+    format.setBottomMargin(TwipsToPixels(after));
+}
+
+void SetHeading(QTextBlockFormat& format, Qt::Alignment alignment) {
+    format.setAlignment(alignment);
+    format.setProperty(platform::KeepWithNext, true);
+}
+
+void SetSignature(const Paragraph& paragraph, const Neighbours& neighbours, QTextBlockFormat& format) {
+    format.setAlignment(Qt::AlignLeft);
+    format.setNonBreakableLines(true);
+    format.setProperty(platform::KeepWithNext,
+                       paragraph.kind == ParagraphClass::Sign || neighbours.continuesSignature);
+    if (paragraph.kind == ParagraphClass::Sign)
+        format.setLeftMargin(TwipsToPixels(kSignatureIndent));
+    SetSpace(format, BeginsWithSignatureLine(paragraph.runs) ? kRoomToSign : 0,
+             neighbours.continuesSignature ? 0 : kLine);
+}
+
+} // namespace
+
+QTextCharFormat TextFormat() {
+    QTextCharFormat format;
+    format.setFontFamilies({QStringLiteral("Times New Roman")});
+    format.setFontStyleHint(QFont::Serif);
+    format.setFontPointSize(kFontSize);
+    return format;
+}
+
+QTextCharFormat RunFormat(const Run& run, const QTextCharFormat& base) {
+    QTextCharFormat format = base;
+    if (run.bold)
+        format.setFontWeight(QFont::Bold);
+    if (run.italic)
+        format.setFontItalic(true);
+    if (run.underline)
+        format.setFontUnderline(true);
+    if (run.position == Run::Position::Superscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+    else if (run.position == Run::Position::Subscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
+    return format;
+}
+
+QTextCharFormat ParagraphTextFormat(ParagraphClass kind) {
+    QTextCharFormat format = TextFormat();
+    if (kind == ParagraphClass::Heading1)
+        format.setFontPointSize(kTitleSize);
+    if (kind == ParagraphClass::Heading1 || kind == ParagraphClass::Heading2 ||
+        kind == ParagraphClass::Heading3)
+        format.setFontWeight(QFont::Bold);
+    return format;
+}
+
+QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& neighbours) {
+    QTextBlockFormat format;
+    format.setProperty(platform::WidowControl, true);
+    if (neighbours.beforeSignature)
+        format.setProperty(platform::KeepWithNext, true);
+    SetSpace(format, neighbours.afterTable ? kLine : 0, kLine);
+    switch (paragraph.kind) {
+    case ParagraphClass::Heading1:
+        SetHeading(format, Qt::AlignHCenter);
+        SetSpace(format, neighbours.afterTable ? kLine : 0, kLine * 3 / 2);
+        break;
+    case ParagraphClass::Heading2:
+        SetHeading(format, Qt::AlignHCenter);
+        SetSpace(format, kLine / 2, kLine);
+        break;
+    case ParagraphClass::Heading3:
+        SetHeading(format, Qt::AlignLeft);
+        SetSpace(format, kLine / 2, kLine / 2);
+        break;
+    case ParagraphClass::Text:
+        format.setAlignment(Justified(paragraph.runs));
+        format.setTextIndent(TwipsToPixels(kHalfInch));
+        break;
+    case ParagraphClass::Plain:
+        format.setAlignment(Justified(paragraph.runs));
+        break;
+    case ParagraphClass::Center:
+        format.setAlignment(Qt::AlignHCenter);
+        break;
+    case ParagraphClass::Right:
+        format.setAlignment(Qt::AlignRight);
+        break;
+    case ParagraphClass::Quote:
+        format.setAlignment(Justified(paragraph.runs));
+        format.setLeftMargin(TwipsToPixels(kHalfInch));
+        format.setRightMargin(TwipsToPixels(kHalfInch));
+        break;
+    case ParagraphClass::Hang:
+        format.setAlignment(Justified(paragraph.runs));
+        SetHanging(format, kHalfInch);
+        break;
+    case ParagraphClass::Sign:
+    case ParagraphClass::SignLeft:
+        SetSignature(paragraph, neighbours, format);
+        break;
+    }
+    return format;
+}
+
+QTextBlockFormat ListItemFormat(int level, const QString& marker, int listNumber) {
+    QTextBlockFormat format;
+    format.setAlignment(Qt::AlignJustify);
+    SetHanging(format, kHalfInch * (level + 1));
+    SetSpace(format, 0, kLine);
+    format.setProperty(platform::WidowControl, true);
+    format.setProperty(platform::BulletText, marker);
+    format.setProperty(platform::ListOverride, listNumber);
+    format.setProperty(platform::ListLevel, 0);
+    return format;
+}
+
+bool IsSignature(ParagraphClass kind) {
+    return kind == ParagraphClass::Sign || kind == ParagraphClass::SignLeft;
+}
+
+bool BeginsWithSignatureLine(const Runs& runs) {
+    static const QRegularExpression line(QStringLiteral("^[^\\x{2028}]*_{5,}[,.]?(\\x{2028}|$)"));
+    return line.match(PlainText(runs)).hasMatch();
+}
+
+} // namespace quillbrook

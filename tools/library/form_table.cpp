@@ -1,0 +1,135 @@
+#include "library/form_table.h"
+
+#include "library/form_formats.h"
+#include "platform/rich_text/document_model.h"
+
+#include <QTextTable>
+#include <algorithm>
+#include <cmath>
+
+namespace quillbrook {
+namespace {
+
+using platform::TwipsToPixels;
+
+constexpr int kGap = 108;          // twips: between a cell's edge and its text
+constexpr int kBorderedSpace = 40; // twips: above and below the text of a bordered cell
+
+// A table without borders begins so far left that its text lines up with the paragraphs.
+int LeftEdge(const Table& table) {
+    return table.border ? 0 : -kGap;
+}
+
+// Right edge of each column, twips.
+std::vector<int> RightEdges(const Table& table) {
+    const int width = kTextWidth + (table.border ? 0 : 2 * kGap);
+    std::vector<int> edges;
+    double percent = 0;
+    for (const double column : table.widths) {
+        percent += column;
+        edges.push_back(LeftEdge(table) + static_cast<int>(std::lround(width * percent / 100)));
+    }
+    return edges;
+}
+
+QTextTableFormat TableFormat(const Table& table) {
+    QTextTableFormat format;
+    QList<QTextLength> widths;
+    QVariantList edges;
+    int left = LeftEdge(table);
+    for (const int edge : RightEdges(table)) {
+        widths.append(QTextLength(QTextLength::FixedLength, TwipsToPixels(edge - left)));
+        edges.append(edge);
+        left = edge;
+    }
+    format.setColumnWidthConstraints(widths);
+    format.setProperty(platform::CellRightEdges, edges);
+    format.setProperty(platform::TableLeft, LeftEdge(table));
+    format.setLeftMargin(TwipsToPixels(std::max(LeftEdge(table) + kGap, 0)));
+    format.setCellPadding(TwipsToPixels(kGap) / 2);
+    format.setCellSpacing(0);
+    format.setBorder(0);
+    format.setBorderCollapse(true);
+    return format;
+}
+
+void SetBorders(QTextTableCellFormat& format) {
+    format.setProperty(
+        platform::CellBorders,
+        QByteArrayLiteral("\\clbrdrt\\brdrs\\brdrw10\\clbrdrl\\brdrs\\brdrw10\\clbrdrb\\brdrs\\brdrw10"
+                          "\\clbrdrr\\brdrs\\brdrw10"));
+    format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(Qt::black);
+}
+
+QByteArray RowWords(const Table& table) {
+    return "\\trgaph" + QByteArray::number(kGap) + "\\trleft" + QByteArray::number(LeftEdge(table)) +
+           "\\trkeep";
+}
+
+bool IsSignatureCell(const TableCell& cell) {
+    return BeginsWithSignatureLine(cell.runs) && PlainText(cell.runs).contains(QChar::LineSeparator) &&
+           !PlainText(cell.runs).section(QChar::LineSeparator, 0, 0).endsWith(u',');
+}
+
+Qt::Alignment AlignmentOf(const TableCell& cell) {
+    switch (cell.alignment) {
+    case CellAlignment::Left:
+        break;
+    case CellAlignment::Center:
+        return Qt::AlignHCenter;
+    case CellAlignment::Right:
+        return Qt::AlignRight;
+    }
+    return Qt::AlignLeft;
+}
+
+} // namespace
+
+bool IsSignatureTable(const Table& table) {
+    if (table.border)
+        return false;
+    return std::any_of(table.rows.begin(), table.rows.end(), [](const std::vector<TableCell>& row) {
+        return std::any_of(row.begin(), row.end(), IsSignatureCell);
+    });
+}
+
+void InsertFormTable(QTextCursor& cursor, const Table& table) {
+    const int columns = static_cast<int>(table.widths.size());
+    QTextTable* inserted =
+        cursor.insertTable(static_cast<int>(table.rows.size()), columns, TableFormat(table));
+    int rowNumber = 0;
+    for (const std::vector<TableCell>& row : table.rows) {
+        const bool isSigned = !table.border && std::any_of(row.begin(), row.end(), IsSignatureCell);
+        int column = 0;
+        for (const TableCell& cell : row) {
+            if (cell.columnSpan > 1)
+                inserted->mergeCells(rowNumber, column, 1, cell.columnSpan);
+            QTextTableCell target = inserted->cellAt(rowNumber, column);
+            QTextTableCellFormat format = target.format().toTableCellFormat();
+            if (column == 0)
+                format.setProperty(platform::RowControls, RowWords(table));
+            if (table.border)
+                SetBorders(format);
+            target.setFormat(format);
+
+            QTextBlockFormat block;
+            block.setAlignment(AlignmentOf(cell));
+            block.setTopMargin(TwipsToPixels(table.border ? kBorderedSpace : isSigned ? kRoomToSign : 0));
+            block.setBottomMargin(TwipsToPixels(table.border ? kBorderedSpace : 0));
+            if (isSigned)
+                block.setProperty(platform::KeepWithNext, true);
+            QTextCursor into = target.firstCursorPosition();
+            into.setBlockFormat(block);
+            into.setBlockCharFormat(TextFormat());
+            for (const Run& run : cell.runs)
+                into.insertText(run.text, RunFormat(run, TextFormat()));
+            column += cell.columnSpan;
+        }
+        ++rowNumber;
+    }
+    cursor.setPosition(inserted->lastPosition() + 1);
+}
+
+} // namespace quillbrook
