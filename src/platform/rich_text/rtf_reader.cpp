@@ -59,9 +59,13 @@ RtfReader::RtfReader(QByteArrayView source, QTextDocument& document)
 
 void RtfReader::Read() {
     while (!m_done && m_tokenizer.Next(m_token)) {
+        const bool justOpened = std::exchange(m_groupJustOpened, false);
         const bool fresh = std::exchange(m_groupIsFresh, false);
         switch (m_token.kind) {
         case RtfTokenKind::Text:
+            // careless programs write "{ \\fonttbl" and "{*\\generator"
+            m_groupIsFresh =
+                fresh && m_token.text.size() == 1 && QByteArrayView(" *").contains(m_token.text[0]);
             OnText(m_token.text);
             break;
         case RtfTokenKind::HexByte:
@@ -73,6 +77,7 @@ void RtfReader::Read() {
             break;
         case RtfTokenKind::Symbol:
             m_groupIsFresh = fresh && m_token.symbol == '*';
+            m_optional = justOpened && m_token.symbol == '*';
             OnSymbol(m_token.symbol);
             break;
         case RtfTokenKind::GroupStart:
@@ -102,6 +107,7 @@ void RtfReader::OpenGroup() {
     m_states.push_back(m_state);
     m_state.begin = m_token.begin;
     m_state.opensField = false;
+    m_groupJustOpened = true;
     m_groupIsFresh = true;
     m_optional = false;
     switch (m_state.destination) {
@@ -205,7 +211,6 @@ void RtfReader::OnSymbol(char symbol) {
     }
     switch (symbol) {
     case '*':
-        m_optional = m_groupIsFresh;
         return;
     case '{':
     case '}':

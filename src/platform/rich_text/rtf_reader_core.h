@@ -233,6 +233,7 @@ private:
 
     State m_state;
     std::vector<State> m_states;
+    bool m_groupJustOpened = false;
     bool m_groupIsFresh = false; // nothing but words stood in the group so far
     bool m_optional = false;     // \* stood before
     bool m_done = false;
