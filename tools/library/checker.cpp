@@ -50,7 +50,8 @@ private:
     QStringList FormFiles() {
         QStringList forms;
         int count = 0;
-        QDirIterator files(m_folder.path(), QDir::Files | QDir::NoSymLinks, QDirIterator::Subdirectories);
+        QDirIterator files(m_folder.absolutePath(), QDir::Files | QDir::NoSymLinks,
+                           QDirIterator::Subdirectories);
         while (files.hasNext()) {
             const QString path = m_folder.relativeFilePath(files.next());
             if (++count > kMostFiles) {

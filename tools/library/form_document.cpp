@@ -13,7 +13,6 @@ namespace quillbrook {
 namespace {
 
 constexpr int kDefaultLanguage = 1033; // English, United States
-constexpr int kGapBetweenTables = 6;   // points
 
 class DocumentMaker {
 public:
@@ -25,7 +24,7 @@ public:
         m_cursor.beginEditBlock();
         for (std::size_t i = 0; i < blocks.size(); ++i)
             AddBlock(blocks[i], i + 1 < blocks.size() ? &blocks[i + 1] : nullptr);
-        if (m_afterTable) // room to write on behind a table
+        if (m_blockIsFree && !blocks.empty()) // room to write on behind a table
             AddParagraph(QTextBlockFormat(), {}, TextFormat(), false);
         m_cursor.endEditBlock();
         SetPage();
@@ -33,20 +32,22 @@ public:
 
 private:
     void AddBlock(const Block& block, const Block* next) {
+        if (const auto* table = std::get_if<Table>(&block.content))
+            return AddTable(*table);
+        if (m_afterTable)
+            AddGap(false);
         if (const auto* paragraph = std::get_if<Paragraph>(&block.content))
             AddParagraph(ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next)), paragraph->runs,
                          ParagraphTextFormat(paragraph->kind), block.newPage);
-        else if (const auto* list = std::get_if<List>(&block.content))
-            AddList(*list, 0, block.newPage);
         else
-            AddTable(std::get<Table>(block.content));
+            AddList(std::get<List>(block.content), 0, block.newPage);
     }
 
     Neighbours NeighboursOf(const Paragraph& paragraph, const Block* next) const {
         Neighbours neighbours;
-        neighbours.afterTable = m_afterTable;
         const auto* behind = next ? std::get_if<Paragraph>(&next->content) : nullptr;
         const auto* table = next ? std::get_if<Table>(&next->content) : nullptr;
+        neighbours.beforeTable = table != nullptr;
         if (behind && IsSignature(behind->kind)) {
             neighbours.beforeSignature = true;
             neighbours.continuesSignature = behind->kind == paragraph.kind;
@@ -75,23 +76,26 @@ private:
         const int listNumber = m_lists.Add(list);
         int number = list.start;
         for (const ListItem& item : list.items) {
-            QTextBlockFormat format = ListItemFormat(level, MarkerText(list, number++), listNumber);
-            if (m_afterTable)
-                format.setTopMargin(platform::TwipsToPixels(kLine));
-            AddParagraph(format, item.runs, TextFormat(), std::exchange(newPage, false));
+            AddParagraph(ListItemFormat(level, MarkerText(list, number++), listNumber), item.runs,
+                         TextFormat(), std::exchange(newPage, false));
             for (const List& nested : item.nested)
                 AddList(nested, level + 1, false);
         }
     }
 
+    // An empty paragraph parts each table from what stands before and behind it: spaces of paragraphs have no
+    // effect beside a table, and readers would join two tables that follow each other.
+    void AddGap(bool keepWithNext) {
+        QTextBlockFormat format;
+        if (keepWithNext)
+            format.setProperty(platform::KeepWithNext, true);
+        QTextCharFormat text = TextFormat();
+        text.setFontPointSize(kGapSize);
+        AddParagraph(format, {}, text, false);
+    }
+
     void AddTable(const Table& table) {
-        if (m_blockIsFree) { // Qt wants a paragraph before a table, and readers would join two tables without
-                             // one
-            QTextCharFormat gap = TextFormat();
-            if (m_afterTable)
-                gap.setFontPointSize(kGapBetweenTables);
-            AddParagraph(QTextBlockFormat(), {}, gap, false);
-        }
+        AddGap(IsSignatureTable(table));
         InsertFormTable(m_cursor, table);
         m_blockIsFree = true;
         m_afterTable = true;

@@ -83,11 +83,11 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
     format.setProperty(platform::WidowControl, true);
     if (neighbours.beforeSignature)
         format.setProperty(platform::KeepWithNext, true);
-    SetSpace(format, neighbours.afterTable ? kLine : 0, kLine);
+    SetSpace(format, 0, kLine);
     switch (paragraph.kind) {
     case ParagraphClass::Heading1:
         SetHeading(format, Qt::AlignHCenter);
-        SetSpace(format, neighbours.afterTable ? kLine : 0, kLine * 3 / 2);
+        SetSpace(format, 0, kLine * 3 / 2);
         break;
     case ParagraphClass::Heading2:
         SetHeading(format, Qt::AlignHCenter);
@@ -124,6 +124,8 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
         SetSignature(paragraph, neighbours, format);
         break;
     }
+    if (neighbours.beforeTable)
+        format.setBottomMargin(0);
     return format;
 }
 

@@ -15,14 +15,16 @@ constexpr int kMarginTop = 1'440;
 constexpr int kMarginBottom = 1'440;
 constexpr int kTextWidth = kPaperWidth - kMarginLeft - kMarginRight;
 constexpr int kHalfInch = 720;
-constexpr int kLine = 240;          // space that stands for an empty line of 12 points
-constexpr int kRoomToSign = 480;    // above a line that takes a signature
-constexpr double kFontSize = 12.0;  // points
-constexpr double kTitleSize = 14.0; // of a form's heading
+constexpr int kLine = 240;           // space that stands for an empty line of 12 points
+constexpr int kRoomToSign = 480;     // above a line that takes a signature
+constexpr int kCharacterWidth = 120; // of an underscore of 12 points
+constexpr double kFontSize = 12.0;   // points
+constexpr double kTitleSize = 14.0;  // of a form's heading
+constexpr double kGapSize = 8.0;     // of the empty paragraphs that part a table from the text
 
 // What stands right before and behind a paragraph.
 struct Neighbours {
-    bool afterTable = false;
+    bool beforeTable = false;
     bool continuesSignature = false; // both this and the next paragraph are signature lines of one kind
     bool beforeSignature = false;
 };

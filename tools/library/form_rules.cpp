@@ -46,8 +46,8 @@ void CheckListMarkers(const List& list, int line, SourceProblems& problems) {
 } // namespace
 
 bool LooksLikeMarker(const QString& text) {
-    static const QRegularExpression capitals(
-        QRegularExpression::anchoredPattern(QStringLiteral("\\([^\\p{Ll}()]*\\p{Lu}[^\\p{Ll}()]*\\)")));
+    static const QRegularExpression capitals(QRegularExpression::anchoredPattern(
+        QStringLiteral("\\(\\p{Lu}[\\p{Lu} .,;:/&'\\x{2019}-]*\\p{Lu}\\.?\\)")));
     return capitals.match(text.trimmed()).hasMatch();
 }
 

@@ -3,6 +3,7 @@
 #include "library/form_formats.h"
 #include "platform/rich_text/document_model.h"
 
+#include <QRegularExpression>
 #include <QTextTable>
 #include <algorithm>
 #include <cmath>
@@ -85,6 +86,40 @@ Qt::Alignment AlignmentOf(const TableCell& cell) {
     return Qt::AlignLeft;
 }
 
+// A blank that is longer than its cell is wide would go on in the next line.
+QString FitBlanks(const QString& text, qsizetype longest) {
+    static const QRegularExpression blank(QStringLiteral("_{5,}"));
+    QString fitted;
+    qsizetype at = 0;
+    for (const QRegularExpressionMatch& match : blank.globalMatch(text)) {
+        fitted += text.mid(at, match.capturedStart() - at);
+        fitted += QString(std::min(match.capturedLength(), longest), u'_');
+        at = match.capturedEnd();
+    }
+    return fitted + text.mid(at);
+}
+
+void FillCell(const TableCell& cell, bool border, bool isSigned, int width, QTextCursor cursor) {
+    QTextBlockFormat format;
+    format.setAlignment(AlignmentOf(cell));
+    if (isSigned) { // room to sign; an empty line, as the first paragraph of a cell has no space above it
+        format.setProperty(platform::KeepWithNext, true);
+        cursor.setBlockFormat(format);
+        cursor.setBlockCharFormat(TextFormat());
+        cursor.insertBlock();
+        format.setTopMargin(TwipsToPixels(kRoomToSign - kLine));
+    }
+    if (border) {
+        format.setTopMargin(TwipsToPixels(kBorderedSpace));
+        format.setBottomMargin(TwipsToPixels(kBorderedSpace));
+    }
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(TextFormat());
+    const int room = std::max((width - 2 * kGap) / kCharacterWidth, 5);
+    for (const Run& run : cell.runs)
+        cursor.insertText(FitBlanks(run.text, room), RunFormat(run, TextFormat()));
+}
+
 } // namespace
 
 bool IsSignatureTable(const Table& table) {
@@ -99,6 +134,7 @@ void InsertFormTable(QTextCursor& cursor, const Table& table) {
     const int columns = static_cast<int>(table.widths.size());
     QTextTable* inserted =
         cursor.insertTable(static_cast<int>(table.rows.size()), columns, TableFormat(table));
+    const std::vector<int> edges = RightEdges(table);
     int rowNumber = 0;
     for (const std::vector<TableCell>& row : table.rows) {
         const bool isSigned = !table.border && std::any_of(row.begin(), row.end(), IsSignatureCell);
@@ -114,18 +150,10 @@ void InsertFormTable(QTextCursor& cursor, const Table& table) {
                 SetBorders(format);
             target.setFormat(format);
 
-            QTextBlockFormat block;
-            block.setAlignment(AlignmentOf(cell));
-            block.setTopMargin(TwipsToPixels(table.border ? kBorderedSpace : isSigned ? kRoomToSign : 0));
-            block.setBottomMargin(TwipsToPixels(table.border ? kBorderedSpace : 0));
-            if (isSigned)
-                block.setProperty(platform::KeepWithNext, true);
-            QTextCursor into = target.firstCursorPosition();
-            into.setBlockFormat(block);
-            into.setBlockCharFormat(TextFormat());
-            for (const Run& run : cell.runs)
-                into.insertText(run.text, RunFormat(run, TextFormat()));
+            const int left = column == 0 ? LeftEdge(table) : edges[static_cast<std::size_t>(column - 1)];
             column += cell.columnSpan;
+            FillCell(cell, table.border, isSigned, edges[static_cast<std::size_t>(column - 1)] - left,
+                     target.firstCursorPosition());
         }
         ++rowNumber;
     }

@@ -10,10 +10,6 @@ bool IsStyle(const QString& name) {
            name == QLatin1String("sup") || name == QLatin1String("sub");
 }
 
-bool IsInline(const QString& name) {
-    return IsStyle(name) || name == QLatin1String("br") || name == QLatin1String("tab");
-}
-
 // Collects text under the styles in force, folding white space as it comes.
 class RunsBuilder {
 public:
@@ -77,6 +73,11 @@ private:
 
 } // namespace
 
+bool IsInlineTag(const HtmlToken& token) {
+    return token.kind != HtmlToken::Kind::Text &&
+           (IsStyle(token.text) || token.text == QLatin1String("br") || token.text == QLatin1String("tab"));
+}
+
 bool ReadRuns(const std::vector<HtmlToken>& tokens, std::size_t& at, Runs& runs, SourceProblems& problems) {
     RunsBuilder builder;
     const auto refuse = [&problems](const HtmlToken& token, const QString& text) {
@@ -89,7 +90,7 @@ bool ReadRuns(const std::vector<HtmlToken>& tokens, std::size_t& at, Runs& runs,
             builder.AddText(token.text);
             continue;
         }
-        if (!IsInline(token.text))
+        if (!IsInlineTag(token))
             break;
         if (!token.attributes.empty())
             return refuse(token, QStringLiteral("<%1> takes no attributes").arg(token.text));

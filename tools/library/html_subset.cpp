@@ -93,14 +93,10 @@ private:
         if (AtEnd())
             return;
         const HtmlToken& token = Here();
-        if (token.kind == HtmlToken::Kind::Text) {
-            const qsizetype leading =
-                std::count(token.text.begin(),
-                           std::find_if(token.text.begin(), token.text.end(),
-                                        [](QChar c) { return c != u' ' && c != u'\t' && c != u'\n'; }),
-                           QChar(u'\n'));
-            Report(token.line + static_cast<int>(leading), QStringLiteral("text outside of a paragraph"));
-            ++m_at;
+        if (token.kind == HtmlToken::Kind::Text || IsInlineTag(token)) {
+            Report(FirstTextLine(token), QStringLiteral("text outside of a paragraph"));
+            while (!AtEnd() && (Here().kind == HtmlToken::Kind::Text || IsInlineTag(Here())))
+                ++m_at;
         } else if (token.kind == HtmlToken::Kind::Close) {
             Report(token.line, QStringLiteral("</%1> closes nothing").arg(token.text));
             ++m_at;
@@ -109,6 +105,18 @@ private:
         } else {
             ReadBlock();
         }
+    }
+
+    // The line of a token's first character that is no white space.
+    static int FirstTextLine(const HtmlToken& token) {
+        int line = token.line;
+        for (const QChar c : token.text) {
+            if (c == u'\n')
+                ++line;
+            else if (c != u' ' && c != u'\t')
+                break;
+        }
+        return line;
     }
 
     void ReadPageBreak() {
