@@ -53,7 +53,8 @@ void RtfDocumentFiller::AddParagraph(RtfParagraph& paragraph) {
     const QTextCharFormat& mark = m_formats.At(paragraph.markFormat);
     if (m_blockIsFree) {
         m_cursor.setBlockFormat(paragraph.format);
-        m_cursor.setBlockCharFormat(mark);
+        if (!AtCellStart())
+            m_cursor.setBlockCharFormat(mark);
     } else {
         m_cursor.insertBlock(paragraph.format, mark);
     }
@@ -88,7 +89,8 @@ void RtfDocumentFiller::MarkFiller() {
     QTextCharFormat small;
     small.setFontPointSize(0.75);
     m_cursor.setBlockFormat(format);
-    m_cursor.setBlockCharFormat(small);
+    if (!AtCellStart())
+        m_cursor.setBlockCharFormat(small);
 }
 
 void RtfDocumentFiller::FillBlocks(std::vector<RtfBlock>& blocks) {
@@ -118,6 +120,7 @@ void RtfDocumentFiller::AddGrid(RtfGrid& grid) {
 }
 
 void RtfDocumentFiller::FillGrid(RtfGrid& grid, QTextTable& table) {
+    ++m_tablesOpen;
     for (std::size_t row = 0; row < grid.cells.size(); ++row) {
         for (const RtfGridCell& cell : grid.cells[row]) {
             if (cell.rowSpan == 0)
@@ -132,12 +135,20 @@ void RtfDocumentFiller::FillGrid(RtfGrid& grid, QTextTable& table) {
             Finish();
         }
     }
+    --m_tablesOpen;
 }
 
 void RtfDocumentFiller::SetCellFormat(const RtfGrid& grid, std::size_t row, const RtfGridCell& cell,
                                       QTextTable& table) {
     QTextTableCell target = table.cellAt(static_cast<int>(row), cell.column);
-    QTextTableCellFormat format = target.format().toTableCellFormat();
+    // Qt holds the format of a cell's first paragraph end in the cell's own format
+    QTextCharFormat mark;
+    if (cell.cell && !cell.cell->blocks.empty() && !cell.cell->blocks.front().table)
+        mark = m_formats.At(cell.cell->blocks.front().paragraph.markFormat);
+    mark.clearBackground();
+    mark.clearProperty(QTextFormat::TextVerticalAlignment);
+    mark.merge(target.format());
+    QTextTableCellFormat format = mark.toTableCellFormat();
     const auto& rowDefinition = grid.rows[row]->definition;
     if (cell.column == 0 && rowDefinition && !rowDefinition->controls.isEmpty())
         format.setProperty(RowControls, Bounded(rowDefinition->controls));

@@ -32,12 +32,14 @@ private:
     void SetCellFormat(const RtfGrid& grid, std::size_t row, const RtfGridCell& cell, QTextTable& table);
     void DrawBorders(const RtfCellDefinition& definition, QTextTableCellFormat& format) const;
     void MarkFiller();
+    bool AtCellStart() const { return m_tablesOpen > 0 && m_blockIsFree && m_frameIsEmpty; }
     QByteArray Bounded(const QByteArray& controls);
 
     QTextCursor m_cursor;
     const RtfFormats& m_formats;
     const RtfTables& m_tables;
     QSet<QByteArray> m_controls;
+    int m_tablesOpen = 0;
     bool m_blockIsFree = true;  // the block at the cursor belongs to no paragraph yet
     bool m_frameIsEmpty = true; // nothing stands before that block in its cell or document
 };
