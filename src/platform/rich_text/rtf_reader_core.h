@@ -97,6 +97,11 @@ private:
         std::array<int, 9> counters{};
     };
 
+    struct Style {
+        RtfCharState chars;
+        RtfParaState para;
+    };
+
     enum class BorderTarget { None, Paragraph, Cell, Row };
 
     // rtf_reader.cpp: groups and text
@@ -161,6 +166,7 @@ private:
     void OnTab(const Word& word);
     void OnTabKind(const Word& word);
     void OnParaStyle(const Word& word);
+    void ApplyStyle(const Style& style);
     void OnParaBorder(const Word& word);
     void OnBorder(const Word& word);
     void OnDocumentNumber(const Word& word);
@@ -248,10 +254,6 @@ private:
     int m_font = 0; // entry of the font table being read
     RtfColor m_color;
     int m_style = -1;
-    struct Style {
-        RtfCharState chars;
-        RtfParaState para;
-    };
     QHash<int, Style> m_styles;
 
     std::vector<Field> m_fields;

@@ -61,6 +61,33 @@ void RtfReader::OnParaStyle(const Word&) {
         return;
     }
     m_state.para.style = number;
+    const auto style = m_styles.constFind(number);
+    if (!InBody() || style == m_styles.constEnd())
+        return;
+    ApplyStyle(*style);
+}
+
+// Sets what a style tells and nothing has told otherwise since the last \\pard and \\plain.
+void RtfReader::ApplyStyle(const Style& style) {
+    const RtfParaState unset;
+    static constexpr int RtfParaState::*kNumbers[] = {
+        &RtfParaState::alignment, &RtfParaState::left,  &RtfParaState::right,      &RtfParaState::firstLine,
+        &RtfParaState::before,    &RtfParaState::after, &RtfParaState::lineHeight, &RtfParaState::outline};
+    for (const auto member : kNumbers) {
+        if (m_state.para.*member == unset.*member)
+            m_state.para.*member = style.para.*member;
+    }
+    if (m_state.para.lineHeight == style.para.lineHeight)
+        m_state.para.lineHeightIsMultiple = style.para.lineHeightIsMultiple;
+    RtfCharState plain;
+    plain.field = m_state.chars.field;
+    plain.hyperlink = m_state.chars.hyperlink;
+    if (m_state.chars != plain)
+        return;
+    m_state.chars = style.chars;
+    m_state.chars.field = plain.field;
+    m_state.chars.hyperlink = plain.hyperlink;
+    ChooseDecoder();
 }
 
 void RtfReader::OnParaBorder(const Word&) {

@@ -200,6 +200,26 @@ private Q_SLOTS:
                 value == QVariant(int(Qt::AlignLeft)));
     }
 
+    void StyleHoldsWhereNothingElseIsTold_data() {
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<bool>("bold");
+        QTest::addColumn<double>("leftMargin");
+        QTest::newRow("style alone") << QByteArray("\\pard\\plain\\s1") << true << 48.0;
+        QTest::newRow("an indent is told") << QByteArray("\\pard\\plain\\li150\\s1") << true << 10.0;
+        QTest::newRow("an indent is told later") << QByteArray("\\pard\\plain\\s1\\li150") << true << 10.0;
+        QTest::newRow("a format of characters is told")
+            << QByteArray("\\pard\\plain\\i\\s1") << false << 48.0;
+        QTest::newRow("no such style") << QByteArray("\\pard\\plain\\s2") << false << 0.0;
+    }
+    void StyleHoldsWhereNothingElseIsTold() {
+        QFETCH(QByteArray, words);
+        QFETCH(bool, bold);
+        QFETCH(double, leftMargin);
+        const auto document = Read("{\\stylesheet{\\s1\\b\\li720 One;}}" + words + " x\\par");
+        QCOMPARE(FormatAt(*document, 0).fontWeight() == QFont::Bold, bold);
+        QCOMPARE(document->firstBlock().blockFormat().leftMargin(), leftMargin);
+    }
+
     void TabStopsCountFromTheFirstLinesStart() {
         const auto document = Read("\\pard\\li720\\fi-360\\tx1440\\tqr\\tx2880 x\\par");
         const auto tabs = document->firstBlock().blockFormat().tabPositions();
