@@ -9,6 +9,8 @@
 namespace platform {
 namespace {
 
+constexpr int kMostBorders = 1'000; // Qt compares formats that differ only in byte arrays one by one
+
 // Set for all characters of a text but where a property of Qt's own exists.
 struct KeptNumber {
     int RtfCharState::*member;
@@ -205,7 +207,7 @@ QTextBlockFormat RtfFormats::Paragraph(const RtfParaState& state, const QString&
     }
     if (!marker.isEmpty()) {
         if (m_markers.size() < kMostFormats)
-            m_markers.insert(marker, 0);
+            m_markers.insert(marker);
         if (m_markers.contains(marker))
             format.setProperty(BulletText, marker);
         else
@@ -214,7 +216,7 @@ QTextBlockFormat RtfFormats::Paragraph(const RtfParaState& state, const QString&
     return format;
 }
 
-QTextBlockFormat RtfFormats::Make(const RtfParaState& state) const {
+QTextBlockFormat RtfFormats::Make(const RtfParaState& state) {
     QTextBlockFormat format;
     format.setAlignment(Qt::Alignment(state.alignment));
     const auto setLength = [&format](void (QTextBlockFormat::*set)(qreal), int twips) {
@@ -248,7 +250,9 @@ QTextBlockFormat RtfFormats::Make(const RtfParaState& state) const {
     keep(ParagraphStyle, state.style, state.style != 0);
     keep(OutlineLevel, state.outline, state.outline >= 0);
     keep(ParagraphShading, state.shading, state.shading != 0);
-    keep(ParagraphBorder, state.borders, !state.borders.isEmpty());
+    if (m_borders.size() < kMostBorders)
+        m_borders.insert(state.borders);
+    keep(ParagraphBorder, state.borders, !state.borders.isEmpty() && m_borders.contains(state.borders));
     keep(ListOverride, state.list, state.list != 0);
     keep(ListLevel, state.listLevel, state.list != 0);
     if (state.oldList.active) {

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QTextFormat>
 #include <vector>
@@ -143,13 +144,14 @@ public:
 private:
     QTextCharFormat Make(const RtfCharState& state) const;
     void SetFont(const RtfCharState& state, QTextCharFormat& format) const;
-    QTextBlockFormat Make(const RtfParaState& state) const;
+    QTextBlockFormat Make(const RtfParaState& state);
 
     const RtfTables& m_tables;
     std::vector<QTextCharFormat> m_formats;
     QHash<RtfCharState, int> m_indices;
     QHash<RtfParaState, QTextBlockFormat> m_paragraphs;
-    QHash<QString, int> m_markers;
+    QSet<QString> m_markers;
+    QSet<QByteArray> m_borders; // different ones kept
 };
 
 } // namespace platform

@@ -29,6 +29,23 @@ bool IsDrawable(const QByteArray& format) {
     return format == "png" || format == "jpeg";
 }
 
+// Whether bytes begin as their format wants; the decoders complain aloud of what does not.
+bool LooksRight(const RtfPicture& picture) {
+    constexpr qsizetype kLeastSize = 57; // of a PNG file
+    return picture.bytes.size() >= kLeastSize &&
+           picture.bytes.startsWith(picture.format == "png" ? "\x89PNG\r\n\x1A\n" : "\xFF\xD8\xFF");
+}
+
+// What is drawn in place of a picture that cannot be; one image for all.
+const QImage& Placeholder() {
+    static const QImage image = [] {
+        QImage grey(1, 1, QImage::Format_RGB32);
+        grey.fill(QColor(Qt::lightGray).rgb());
+        return grey;
+    }();
+    return image;
+}
+
 // Decodes a picture; null when it cannot be, or is larger than any sheet of paper needs.
 QImage Decode(const RtfPicture& picture) {
     QByteArray bytes = picture.bytes;
@@ -80,16 +97,12 @@ void RtfPicture::AppendHex(QByteArrayView digits) {
 QTextImageFormat RtfPictures::Add(const RtfPicture& picture, const QTextCharFormat& base) {
     const QString name = QStringLiteral("picture-%1").arg(++m_count);
     QImage image;
-    if (IsDrawable(picture.format) && m_pixels < kMostDocumentPixels)
+    if (IsDrawable(picture.format) && LooksRight(picture) && m_pixels < kMostDocumentPixels)
         image = Decode(picture);
     m_pixels += static_cast<qint64>(image.width()) * image.height();
     const int width = Side(picture, picture.wantedWidth, picture.width, picture.scaleX, image.width());
     const int height = Side(picture, picture.wantedHeight, picture.height, picture.scaleY, image.height());
-    if (image.isNull()) {
-        image = QImage(1, 1, QImage::Format_RGB32);
-        image.fill(QColor(Qt::lightGray).rgb());
-    }
-    m_document.addResource(QTextDocument::ImageResource, QUrl(name), image);
+    m_document.addResource(QTextDocument::ImageResource, QUrl(name), image.isNull() ? Placeholder() : image);
     m_document.addResource(PictureData, PictureDataName(name), picture.bytes);
     m_document.addResource(PictureFormat, PictureFormatName(name), picture.format);
 
