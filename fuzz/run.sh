@@ -23,7 +23,7 @@ for target in "$@"; do
     seeds=fuzz/seeds/${target%_fuzz}
     words=fuzz/seeds/${target%_fuzz}.dict
     mkdir -p "$found" "$seeds"
-    options=(-max_total_time="$seconds" -max_len=20000 -timeout=10 -rss_limit_mb=2048 -malloc_limit_mb=1024
+    options=(-max_total_time="$seconds" -max_len=20000 -timeout=25 -rss_limit_mb=2048 -malloc_limit_mb=1024
         -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$target-")
     [ -f "$words" ] && options+=(-dict="$words")
     binary=$(find build/fuzz -name "$target" -type f -perm -u+x | head -1)
