@@ -122,6 +122,7 @@ enum DocumentProperty {
     FileCodePage,      // int: code page of \'hh in kept groups (\ansicpg)
     SectionControls,   // QByteArray: section control words of the last section
     FootnoteSettings,  // QByteArray: document-wide control words kept as they stood (\ftnbj, \viewkind, ...)
+    DefaultFont,       // int: number of the font that \plain chooses, in the kept FontTable (\deff)
 };
 
 enum class ListKinds { None, Bullet, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
