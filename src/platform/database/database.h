@@ -1,7 +1,7 @@
 // A database in one encrypted file, reached by a database handle, temporary queries and recordsets.
 //
-// The rule for failures: an operation that fails changes nothing and returns false, an empty optional or null.
-// No operation throws. Nothing is logged unless the category "quillbrook.database" is switched on.
+// The rule for failures: an operation that fails changes nothing and returns false, an empty optional or
+// null. No operation throws. Nothing is logged unless the category "quillbrook.database" is switched on.
 #pragma once
 
 #include <QByteArray>
@@ -19,9 +19,9 @@ struct ColumnDef {
     enum class Kind { Text, LongText, Number };
     QString name;
     Kind kind = Kind::Text;
-    bool required = false;  // refuses a missing value
-    bool unique = false;    // refuses a second row with an equal value (text: without case)
-    int defaultNumber = 0;  // for Number: the value of a row that does not name it
+    bool required = false; // refuses a missing value
+    bool unique = false;   // refuses a second row with an equal value (text: without case)
+    int defaultNumber = 0; // for Number: the value of a row that does not name it
 };
 
 struct TableDef {
@@ -64,6 +64,9 @@ public:
     // Many writes as one: everything between Begin and Commit is on disk together or not at all.
     bool BeginTrans();
     bool CommitTrans();
+
+    // Undoes everything since Begin; so does closing the file. False when nothing was begun.
+    bool Rollback();
 
     // Closes the file; recordsets of it fail from here on.
     void Close();
@@ -111,15 +114,16 @@ public:
     // QVariant. Empty when there is no current row or the result has no such field.
     std::optional<QVariant> Field(const QString& name) const;
 
-    // Edit stages changes of the current row, AddNew those of a new one; SetField stages a value; Update writes
-    // them in one transaction, on disk when it returns. A refused Update (a repeated unique value, a full disk)
-    // writes nothing and ends the staging. A row added does not become the current one.
+    // Edit stages changes of the current row, AddNew those of a new one; SetField stages a value; Update
+    // writes them in one transaction, on disk when it returns. A refused Update (a repeated unique value, a
+    // full disk) writes nothing and ends the staging. A row added is the result's last and does not become
+    // the current one. A move drops what was staged.
     bool Edit();
     bool AddNew();
     bool SetField(const QString& name, const QVariant& value);
     bool Update();
 
-    // Deletes the current row; there is no current row until the next move.
+    // Deletes the current row; there is no current row until the next move, which goes to the row behind it.
     bool Delete();
 
     void Close();
