@@ -9,7 +9,8 @@ Q_LOGGING_CATEGORY(lcDatabase, "quillbrook.database", QtFatalMsg)
 namespace platform {
 
 Connection::Connection(Handle handle)
-    : m_handle(std::move(handle)) {}
+    : m_handle(std::move(handle))
+    , m_probe(m_handle.get(), "SELECT 1 FROM sqlite_master") {}
 
 Connection::~Connection() {
     Close();
@@ -17,6 +18,7 @@ Connection::~Connection() {
 
 void Connection::Close() {
     m_tables.clear();
+    m_probe = {};
     m_transaction = Transaction::None;
     m_handle.reset();
 }
@@ -26,6 +28,14 @@ int Connection::FindTable(const QString& name) const {
         return table.info.name.compare(name, Qt::CaseInsensitive) == 0;
     });
     return found == m_tables.end() ? -1 : static_cast<int>(found - m_tables.begin());
+}
+
+// The engine hands out a damaged page of a long value as zeros, without an error, and only then refuses every
+// page until the reading ends. So before it ends, whether a page is still to be had tells what was read.
+bool Connection::HasReadOnlyWholePages() {
+    const bool whole = m_probe && m_probe.Step() == SQLITE_ROW;
+    m_probe.Reset();
+    return whole;
 }
 
 std::optional<std::vector<RowId>> Connection::Select(const Selection& selection) {
@@ -42,11 +52,18 @@ std::optional<std::vector<RowId>> Connection::Select(const Selection& selection)
         if (!bound)
             return std::nullopt;
     }
+    const bool ownReading = sqlite3_get_autocommit(m_handle.get()) != 0;
+    if (ownReading && !RunSql(m_handle.get(), "BEGIN"))
+        return std::nullopt;
     std::vector<RowId> rows;
     int step = statement.Step();
     for (; step == SQLITE_ROW; step = statement.Step())
         rows.push_back(statement.Integer(0));
-    if (step != SQLITE_DONE) {
+    const bool whole = step == SQLITE_DONE && HasReadOnlyWholePages();
+    statement.Reset();
+    if (ownReading && sqlite3_get_autocommit(m_handle.get()) == 0)
+        RunSql(m_handle.get(), "ROLLBACK"); // nothing was written
+    if (!whole) {
         qCWarning(lcDatabase) << "a query failed with code" << step;
         return std::nullopt;
     }
@@ -78,6 +95,8 @@ std::optional<QVariant> Connection::ReadField(int table, int field, RowId row) {
     std::optional<QVariant> value;
     if (reader && reader.Bind(1, row) && reader.Step() == SQLITE_ROW)
         value = reader.Value(0);
+    if (value && !HasReadOnlyWholePages())
+        value.reset();
     reader.Reset();
     return value;
 }

@@ -72,6 +72,7 @@ private:
     static std::shared_ptr<Connection> Wrap(Handle handle);
     static bool Fill(sqlite3* handle, FileFormat format, const std::vector<TableDef>& tables);
 
+    bool HasReadOnlyWholePages();
     OpenTable& At(int table) { return m_tables[static_cast<std::size_t>(table)]; }
     template <typename Work>
     bool Write(Work work);
@@ -81,6 +82,7 @@ private:
     // the order matters: the statements of m_tables go before the handle
     Handle m_handle;
     std::vector<OpenTable> m_tables;
+    SqliteStatement m_probe;
     Transaction m_transaction = Transaction::None;
 };
 

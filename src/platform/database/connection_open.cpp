@@ -119,6 +119,9 @@ std::shared_ptr<Connection> Connection::Open(const QString& path, bool exclusive
     Handle handle = OpenHandle(fullPath, readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE, password);
     if (!handle || !Check(handle.get(), fullPath, format) || !Configure(handle.get(), exclusive))
         return nullptr;
+    // What a crash left and was not played back is an empty shell; with the lock held it is nobody's.
+    if (exclusive && sqlite3_db_readonly(handle.get(), "main") == 0)
+        QFile::remove(fullPath + QStringLiteral("-journal"));
     return Wrap(std::move(handle));
 }
 

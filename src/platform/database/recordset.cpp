@@ -105,7 +105,9 @@ static std::optional<QVariant> Fitting(const QVariant& value, bool number) {
     if (!value.isValid())
         return value;
     if (!number)
-        return value.canConvert<QString>() ? std::optional<QVariant>(value.toString()) : std::nullopt;
+        return value.typeId() == QMetaType::QString || value.canConvert<double>()
+                   ? std::optional<QVariant>(value.toString())
+                   : std::nullopt;
     bool read = false;
     const qint64 whole = value.toLongLong(&read);
     using Limits = std::numeric_limits<int>;

@@ -3,6 +3,7 @@
 
 #include "platform/database/database.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
