@@ -27,9 +27,12 @@ void Note(int use, RtfNumbers::Uses& uses) {
         uses.push_back(use);
 }
 
+// Source of a kept table without its closing brace, and without blanks before its first word, which would be
+// read as text.
 QByteArray WithoutBrace(const QByteArray& group) {
+    const qsizetype start = group.indexOf('\\');
     const qsizetype end = group.lastIndexOf('}');
-    return end > 0 ? group.first(end) : QByteArray();
+    return start > 0 && end > start ? '{' + group.sliced(start, end - start) : QByteArray();
 }
 
 // Name as a table can hold it.
