@@ -1,5 +1,6 @@
-#include "tests/support/document_compare.h"
+#pragma once
 
+#include "platform/rich_text/document_model.h"
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
@@ -7,12 +8,10 @@
 #include <QTextTable>
 #include <cmath>
 
-#include "platform/rich_text/document_model.h"
-
 namespace platform {
-namespace {
+namespace compare {
 
-QString Show(const QVariant& value) {
+inline QString Show(const QVariant& value) {
     if (value.typeId() == QMetaType::QVariantList) {
         QString text;
         for (const QVariant& item : value.toList())
@@ -22,14 +21,14 @@ QString Show(const QVariant& value) {
     return value.toString().left(300);
 }
 
-QString Differ(const QString& what, const QVariant& first, const QVariant& second) {
+inline QString Differ(const QString& what, const QVariant& first, const QVariant& second) {
     if (first == second)
         return {};
     return what + QStringLiteral(": '") + Show(first) + QStringLiteral("' became '") + Show(second) + u'\'';
 }
 
 // The facts of a format that a file tells, as one text.
-QString CharFacts(const QTextDocument& document, const QTextCharFormat& format, bool atCellStart) {
+inline QString CharFacts(const QTextDocument& document, const QTextCharFormat& format, bool atCellStart) {
     const QStringList families = format.fontFamilies().toStringList();
     const bool hidden = format.boolProperty(HiddenText);
     const double points = format.hasProperty(QTextFormat::FontPointSize)
@@ -75,8 +74,8 @@ QString CharFacts(const QTextDocument& document, const QTextCharFormat& format, 
     return facts.join(QStringLiteral("; "));
 }
 
-QString PictureDifference(const QTextDocument& first, const QTextImageFormat& one,
-                          const QTextDocument& second, const QTextImageFormat& other) {
+inline QString PictureDifference(const QTextDocument& first, const QTextImageFormat& one,
+                                 const QTextDocument& second, const QTextImageFormat& other) {
     const auto data = [](const QTextDocument& document, const QTextImageFormat& format) {
         return document.resource(PictureData, PictureDataName(format.name())).toByteArray();
     };
@@ -95,7 +94,7 @@ QString PictureDifference(const QTextDocument& first, const QTextImageFormat& on
     return {};
 }
 
-QString BlockFacts(const QTextBlockFormat& format) {
+inline QString BlockFacts(const QTextBlockFormat& format) {
     const auto length = [](double pixels) { return QString::number(std::round(pixels * 15)); };
     QStringList facts{
         QStringLiteral("alignment %1").arg(static_cast<int>(format.alignment())),
@@ -125,13 +124,13 @@ QString BlockFacts(const QTextBlockFormat& format) {
     return facts.join(QStringLiteral("; "));
 }
 
-bool StartsCell(const QTextBlock& block) {
+inline bool StartsCell(const QTextBlock& block) {
     const auto* const table = qobject_cast<QTextTable*>(block.document()->frameAt(block.position()));
     return table && table->cellAt(block.position()).firstPosition() == block.position();
 }
 
 // Format of every character and, last, of the paragraph's end.
-QList<QTextCharFormat> CharFormats(const QTextBlock& block) {
+inline QList<QTextCharFormat> CharFormats(const QTextBlock& block) {
     QList<QTextCharFormat> formats;
     for (auto run = block.begin(); !run.atEnd(); ++run) {
         for (int i = 0; i < run.fragment().length(); ++i)
@@ -141,7 +140,7 @@ QList<QTextCharFormat> CharFormats(const QTextBlock& block) {
     return formats;
 }
 
-QString BlockDifference(const QTextBlock& first, const QTextBlock& second) {
+inline QString BlockDifference(const QTextBlock& first, const QTextBlock& second) {
     const QString where =
         QStringLiteral("paragraph %1 (%2)").arg(first.blockNumber()).arg(first.text().left(40));
     if (QString difference = Differ(where + QStringLiteral(", text"), first.text(), second.text());
@@ -176,7 +175,7 @@ QString BlockDifference(const QTextBlock& first, const QTextBlock& second) {
     return {};
 }
 
-QString CellFacts(const QTextTableCell& cell) {
+inline QString CellFacts(const QTextTableCell& cell) {
     const QTextTableCellFormat format = cell.format().toTableCellFormat();
     return QStringLiteral("%1,%2 spans %3 x %4; filler %5; row '%6'; cell '%7'; vertical %8; behind %9; "
                           "borders %10 %11 %12 %13")
@@ -195,7 +194,7 @@ QString CellFacts(const QTextTableCell& cell) {
         .arg(format.rightBorder());
 }
 
-QString FrameDifference(const QTextFrame& first, const QTextFrame& second) {
+inline QString FrameDifference(const QTextFrame& first, const QTextFrame& second) {
     const QList<QTextFrame*> ones = first.childFrames();
     const QList<QTextFrame*> others = second.childFrames();
     if (ones.size() != others.size())
@@ -234,7 +233,7 @@ QString FrameDifference(const QTextFrame& first, const QTextFrame& second) {
     return {};
 }
 
-QString PropertyDifference(const QTextDocument& first, const QTextDocument& second) {
+inline QString PropertyDifference(const QTextDocument& first, const QTextDocument& second) {
     const QTextFrameFormat one = first.rootFrame()->frameFormat();
     const QTextFrameFormat other = second.rootFrame()->frameFormat();
     for (const int property :
@@ -261,22 +260,27 @@ QString PropertyDifference(const QTextDocument& first, const QTextDocument& seco
     return {};
 }
 
-} // namespace
+} // namespace compare
 
-QString FirstDifference(const QTextDocument& first, const QTextDocument& second) {
+// The first difference between two documents as a rich text file can tell it, empty when there is none: text,
+// formats of characters and paragraphs, tables, pictures, fields, kept groups. What a file numbers anew
+// (fonts, fields, pictures, objects) is compared by what the numbers mean; kept tables of fonts and colours
+// may have more entries in `second`.
+inline QString FirstDifference(const QTextDocument& first, const QTextDocument& second) {
     QTextBlock one = first.begin();
     QTextBlock other = second.begin();
     for (; one.isValid() && other.isValid(); one = one.next(), other = other.next()) {
-        if (QString difference = BlockDifference(one, other); !difference.isEmpty())
+        if (QString difference = compare::BlockDifference(one, other); !difference.isEmpty())
             return difference;
     }
     if (first.blockCount() != second.blockCount())
         return QStringLiteral("number of paragraphs: %1 became %2")
             .arg(first.blockCount())
             .arg(second.blockCount());
-    if (QString difference = FrameDifference(*first.rootFrame(), *second.rootFrame()); !difference.isEmpty())
+    if (QString difference = compare::FrameDifference(*first.rootFrame(), *second.rootFrame());
+        !difference.isEmpty())
         return difference;
-    return PropertyDifference(first, second);
+    return compare::PropertyDifference(first, second);
 }
 
 } // namespace platform
