@@ -83,15 +83,16 @@ private:
         }
     }
 
-    // An empty paragraph parts each table from what stands before and behind it: spaces of paragraphs have no
-    // effect beside a table, and readers would join two tables that follow each other.
+    // A low paragraph parts each table from what stands before and behind it: spaces of paragraphs have no
+    // effect beside a table, empty paragraphs no height, and readers would join two tables that follow each
+    // other.
     void AddGap(bool keepWithNext) {
         QTextBlockFormat format;
         if (keepWithNext)
             format.setProperty(platform::KeepWithNext, true);
         QTextCharFormat text = TextFormat();
         text.setFontPointSize(kGapSize);
-        AddParagraph(format, {}, text, false);
+        AddParagraph(format, {Run{QString(QChar::Nbsp)}}, text, false);
     }
 
     void AddTable(const Table& table) {

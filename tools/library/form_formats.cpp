@@ -34,7 +34,6 @@ void SetHeading(QTextBlockFormat& format, Qt::Alignment alignment) {
 
 void SetSignature(const Paragraph& paragraph, const Neighbours& neighbours, QTextBlockFormat& format) {
     format.setAlignment(Qt::AlignLeft);
-    format.setNonBreakableLines(true);
     format.setProperty(platform::KeepWithNext,
                        paragraph.kind == ParagraphClass::Sign || neighbours.continuesSignature);
     if (paragraph.kind == ParagraphClass::Sign)
@@ -116,7 +115,7 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
         format.setRightMargin(TwipsToPixels(kHalfInch));
         break;
     case ParagraphClass::Hang:
-        format.setAlignment(Justified(paragraph.runs));
+        format.setAlignment(Qt::AlignLeft); // justifying would move what a tab has lined up
         SetHanging(format, kHalfInch);
         break;
     case ParagraphClass::Sign:

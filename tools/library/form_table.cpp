@@ -16,19 +16,16 @@ using platform::TwipsToPixels;
 constexpr int kGap = 108;          // twips: between a cell's edge and its text
 constexpr int kBorderedSpace = 40; // twips: above and below the text of a bordered cell
 
-// A table without borders begins so far left that its text lines up with the paragraphs.
-int LeftEdge(const Table& table) {
-    return table.border ? 0 : -kGap;
-}
+// A table begins so far left that the text of its cells lines up with the paragraphs.
+constexpr int kLeftEdge = -kGap;
 
 // Right edge of each column, twips.
 std::vector<int> RightEdges(const Table& table) {
-    const int width = kTextWidth + (table.border ? 0 : 2 * kGap);
     std::vector<int> edges;
     double percent = 0;
     for (const double column : table.widths) {
         percent += column;
-        edges.push_back(LeftEdge(table) + static_cast<int>(std::lround(width * percent / 100)));
+        edges.push_back(kLeftEdge + static_cast<int>(std::lround(kTextWidth * percent / 100)));
     }
     return edges;
 }
@@ -37,7 +34,7 @@ QTextTableFormat TableFormat(const Table& table) {
     QTextTableFormat format;
     QList<QTextLength> widths;
     QVariantList edges;
-    int left = LeftEdge(table);
+    int left = kLeftEdge;
     for (const int edge : RightEdges(table)) {
         widths.append(QTextLength(QTextLength::FixedLength, TwipsToPixels(edge - left)));
         edges.append(edge);
@@ -45,8 +42,8 @@ QTextTableFormat TableFormat(const Table& table) {
     }
     format.setColumnWidthConstraints(widths);
     format.setProperty(platform::CellRightEdges, edges);
-    format.setProperty(platform::TableLeft, LeftEdge(table));
-    format.setLeftMargin(TwipsToPixels(std::max(LeftEdge(table) + kGap, 0)));
+    format.setProperty(platform::TableLeft, kLeftEdge);
+    format.setLeftMargin(TwipsToPixels(kLeftEdge + kGap));
     format.setCellPadding(TwipsToPixels(kGap) / 2);
     format.setCellSpacing(0);
     format.setBorder(0);
@@ -64,9 +61,8 @@ void SetBorders(QTextTableCellFormat& format) {
     format.setBorderBrush(Qt::black);
 }
 
-QByteArray RowWords(const Table& table) {
-    return "\\trgaph" + QByteArray::number(kGap) + "\\trleft" + QByteArray::number(LeftEdge(table)) +
-           "\\trkeep";
+QByteArray RowWords() {
+    return "\\trgaph" + QByteArray::number(kGap) + "\\trleft" + QByteArray::number(kLeftEdge) + "\\trkeep";
 }
 
 bool IsSignatureCell(const TableCell& cell) {
@@ -102,11 +98,12 @@ QString FitBlanks(const QString& text, qsizetype longest) {
 void FillCell(const TableCell& cell, bool border, bool isSigned, int width, QTextCursor cursor) {
     QTextBlockFormat format;
     format.setAlignment(AlignmentOf(cell));
+    // merged, not set: the format of the cell itself is held by the mark of its first paragraph
+    cursor.mergeBlockCharFormat(TextFormat());
     if (isSigned) { // room to sign; an empty line, as the first paragraph of a cell has no space above it
         format.setProperty(platform::KeepWithNext, true);
         cursor.setBlockFormat(format);
-        cursor.setBlockCharFormat(TextFormat());
-        cursor.insertBlock();
+        cursor.insertBlock(format, TextFormat());
         format.setTopMargin(TwipsToPixels(kRoomToSign - kLine));
     }
     if (border) {
@@ -114,7 +111,6 @@ void FillCell(const TableCell& cell, bool border, bool isSigned, int width, QTex
         format.setBottomMargin(TwipsToPixels(kBorderedSpace));
     }
     cursor.setBlockFormat(format);
-    cursor.setBlockCharFormat(TextFormat());
     const int room = std::max((width - 2 * kGap) / kCharacterWidth, 5);
     for (const Run& run : cell.runs)
         cursor.insertText(FitBlanks(run.text, room), RunFormat(run, TextFormat()));
@@ -145,12 +141,12 @@ void InsertFormTable(QTextCursor& cursor, const Table& table) {
             QTextTableCell target = inserted->cellAt(rowNumber, column);
             QTextTableCellFormat format = target.format().toTableCellFormat();
             if (column == 0)
-                format.setProperty(platform::RowControls, RowWords(table));
+                format.setProperty(platform::RowControls, RowWords());
             if (table.border)
                 SetBorders(format);
             target.setFormat(format);
 
-            const int left = column == 0 ? LeftEdge(table) : edges[static_cast<std::size_t>(column - 1)];
+            const int left = column == 0 ? kLeftEdge : edges[static_cast<std::size_t>(column - 1)];
             column += cell.columnSpan;
             FillCell(cell, table.border, isSigned, edges[static_cast<std::size_t>(column - 1)] - left,
                      target.firstCursorPosition());
