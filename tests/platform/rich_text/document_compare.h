@@ -254,6 +254,7 @@ inline QString PropertyDifference(const QTextDocument& first, const QTextDocumen
     for (const int property : {int(FontTable), int(ColorTable)}) {
         QByteArray kept = one.property(property).toByteArray();
         kept.chop(1);
+        kept = kept.isEmpty() ? kept : '{' + kept.mid(kept.indexOf('\\')); // blanks in front say nothing
         if (!other.property(property).toByteArray().startsWith(kept))
             return Differ(QStringLiteral("table"), kept, other.property(property));
     }
