@@ -130,6 +130,7 @@ private:
 
     void ReadBlock() {
         const QString tag = Here().text;
+        const std::size_t start = m_at;
         Block block;
         block.line = Line();
         block.newPage = std::exchange(m_newPage, false);
@@ -151,21 +152,25 @@ private:
         if (good)
             m_blocks.push_back(std::move(block));
         else
-            SkipBehind(tag);
+            SkipBehind(tag, start);
     }
 
-    // After a problem: goes on behind the end of the block or at the next paragraph or table.
-    void SkipBehind(const QString& tag) {
-        if (m_at > 0 && m_tokens[m_at - 1].kind == HtmlToken::Kind::Close && m_tokens[m_at - 1].text == tag)
-            return; // the block was read to its end
-        while (!AtEnd()) {
+    // After a problem in the block that begins at `start`: goes on behind its end or at the next paragraph or
+    // table.
+    void SkipBehind(const QString& tag, std::size_t start) {
+        const auto ends = [this, &tag](std::size_t at) {
+            return m_tokens[at].kind == HtmlToken::Kind::Close && m_tokens[at].text == tag;
+        };
+        if (m_at > start && ends(m_at - 1))
+            return; // it was read to its end
+        for (m_at = std::max(m_at, start + 1); !AtEnd(); ++m_at) {
             const HtmlToken& token = Here();
-            const bool ends = token.kind == HtmlToken::Kind::Close && token.text == tag;
-            if (!ends && token.kind == HtmlToken::Kind::Open &&
-                (IsParagraph(token.text) || token.text == QLatin1String("table")) && m_at != m_blockStart)
+            if (ends(m_at)) {
+                ++m_at;
                 return;
-            ++m_at;
-            if (ends)
+            }
+            if (token.kind == HtmlToken::Kind::Open &&
+                (IsParagraph(token.text) || token.text == QLatin1String("table")))
                 return;
         }
     }
@@ -198,7 +203,6 @@ private:
     }
 
     bool ReadParagraph(Paragraph& paragraph) {
-        m_blockStart = m_at;
         const HtmlToken& token = Here();
         if (!TakesOnly(token, {QLatin1String("class")}))
             return false;
@@ -221,7 +225,6 @@ private:
     }
 
     bool ReadList(List& list, int level) {
-        m_blockStart = m_at;
         const HtmlToken& token = Here();
         if (level > kMostListLevels)
             return Report(token.line, QStringLiteral("lists nested too deep"));
@@ -282,7 +285,6 @@ private:
     }
 
     bool ReadTable(Table& table) {
-        m_blockStart = m_at;
         const HtmlToken& token = Here();
         if (!TakesOnly(token, {QLatin1String("border")}))
             return false;
@@ -396,7 +398,6 @@ private:
     SourceProblems& m_problems;
     std::vector<Block> m_blocks;
     std::size_t m_at = 0;
-    std::size_t m_blockStart = 0;
     bool m_newPage = false;
     int m_pageBreakLine = 1;
 };
