@@ -37,7 +37,9 @@ private:
         if (m_afterTable)
             AddGap(false);
         if (const auto* paragraph = std::get_if<Paragraph>(&block.content))
-            AddParagraph(ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next)), paragraph->runs,
+            AddParagraph(ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next)),
+                         paragraph->kind == ParagraphClass::Sign ? FitSignatureLines(paragraph->runs)
+                                                                 : paragraph->runs,
                          ParagraphTextFormat(paragraph->kind), block.newPage);
         else
             AddList(std::get<List>(block.content), 0, block.newPage);

@@ -3,6 +3,7 @@
 #include "platform/rich_text/document_model.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace quillbrook {
 namespace {
@@ -142,6 +143,27 @@ QTextBlockFormat ListItemFormat(int level, const QString& marker, int listNumber
 
 bool IsSignature(ParagraphClass kind) {
     return kind == ParagraphClass::Sign || kind == ParagraphClass::SignLeft;
+}
+
+Runs FitSignatureLines(const Runs& runs) {
+    static const QRegularExpression blank(QStringLiteral("_{10,}"));
+    constexpr int kRoom =
+        (kTextWidth - kSignatureIndent) / kCharacterWidth; // characters, taken as wide as a blank's
+    constexpr qsizetype kShortest = 10;
+    Runs fitted = runs;
+    for (Run& run : fitted) {
+        QStringList lines = run.text.split(QChar::LineSeparator);
+        for (QString& line : lines) {
+            const QRegularExpressionMatch match = blank.match(line);
+            if (line.size() > kRoom && match.hasMatch() && line.count(blank) == 1) {
+                const qsizetype left = kRoom - (line.size() - match.capturedLength());
+                line.replace(match.capturedStart(), match.capturedLength(),
+                             QString(std::clamp(left, kShortest, match.capturedLength()), u'_'));
+            }
+        }
+        run.text = lines.join(QChar::LineSeparator);
+    }
+    return fitted;
 }
 
 bool BeginsWithSignatureLine(const Runs& runs) {

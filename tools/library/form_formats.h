@@ -40,6 +40,10 @@ QTextBlockFormat ListItemFormat(int level, const QString& marker, int listNumber
 
 bool IsSignature(ParagraphClass kind);
 
+// The runs of a signature block with the blanks that make a line too long for it shortened, where a line has
+// one.
+Runs FitSignatureLines(const Runs& runs);
+
 // Whether the first line is there to be signed on: it ends in a run of underscores.
 bool BeginsWithSignatureLine(const Runs& runs);
 

@@ -35,7 +35,7 @@ bool PrintProblems(const CheckedLibrary& library) {
         Errors() << problem.Message() << '\n';
     if (library.problems.empty())
         return false;
-    Errors() << library.problems.size() << " problems\n";
+    Errors() << library.problems.size() << (library.problems.size() == 1 ? " problem\n" : " problems\n");
     return true;
 }
 

@@ -210,6 +210,14 @@ private Q_SLOTS:
         QCOMPARE(table->cellAt(0, 1).firstCursorPosition().block().text().size(), 30);
     }
 
+    void ALineOfASignatureBlockIsNoLongerThanItsRoom() {
+        const QString blank(30, u'_');
+        const auto document =
+            Made(u"<p class=\"sign\">%1<br>Office Address: %1<br>No. %1; %1</p>"_qs.arg(blank));
+        QCOMPARE(document->firstBlock().text(), blank + u"\u2028Office Address: "_qs + QString(17, u'_') +
+                                                    u"\u2028No. "_qs + blank + u"; "_qs + blank);
+    }
+
     void ThereIsRoomAboveALineToSign() {
         const auto document =
             Made(u"<p class=\"sign\">_______<br>Affiant</p><p class=\"sign\">Second line</p>"
