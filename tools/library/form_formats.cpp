@@ -155,7 +155,8 @@ Runs FitSignatureLines(const Runs& runs) {
         QStringList lines = run.text.split(QChar::LineSeparator);
         for (QString& line : lines) {
             const QRegularExpressionMatch match = blank.match(line);
-            if (line.size() > kRoom && match.hasMatch() && line.count(blank) == 1) {
+            if (line.size() > kRoom && match.hasMatch() &&
+                !blank.match(line, match.capturedEnd()).hasMatch()) {
                 const qsizetype left = kRoom - (line.size() - match.capturedLength());
                 line.replace(match.capturedStart(), match.capturedLength(),
                              QString(std::clamp(left, kShortest, match.capturedLength()), u'_'));
