@@ -43,13 +43,17 @@ private:
                          ParagraphTextFormat(paragraph->kind), block.newPage);
         else
             AddList(std::get<List>(block.content), 0, block.newPage);
+        if (next && std::holds_alternative<Table>(next->content)) { // the gap before the table is the space
+            QTextBlockFormat flush;
+            flush.setBottomMargin(0);
+            m_cursor.mergeBlockFormat(flush);
+        }
     }
 
     Neighbours NeighboursOf(const Paragraph& paragraph, const Block* next) const {
         Neighbours neighbours;
         const auto* behind = next ? std::get_if<Paragraph>(&next->content) : nullptr;
         const auto* table = next ? std::get_if<Table>(&next->content) : nullptr;
-        neighbours.beforeTable = table != nullptr;
         if (behind && IsSignature(behind->kind)) {
             neighbours.beforeSignature = true;
             neighbours.continuesSignature = behind->kind == paragraph.kind;

@@ -124,8 +124,6 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
         SetSignature(paragraph, neighbours, format);
         break;
     }
-    if (neighbours.beforeTable)
-        format.setBottomMargin(0);
     return format;
 }
 

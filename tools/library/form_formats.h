@@ -24,7 +24,6 @@ constexpr double kGapSize = 8.0;     // of the empty paragraphs that part a tabl
 
 // What stands right before and behind a paragraph.
 struct Neighbours {
-    bool beforeTable = false;
     bool continuesSignature = false; // both this and the next paragraph are signature lines of one kind
     bool beforeSignature = false;
 };

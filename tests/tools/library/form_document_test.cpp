@@ -201,6 +201,15 @@ private Q_SLOTS:
                  QStringList({u"a"_qs, u"\u00A0"_qs, u"b"_qs, u"c"_qs, u"d"_qs, u"\u00A0"_qs, u"e"_qs}));
     }
 
+    void OneGapPartsATableFromAnyBlock() {
+        for (const QString& before : {u"<p>a</p>"_qs, u"<ul><li>a</li></ul>"_qs}) {
+            const auto document = Made(before + u"<table><tr><td>b</td></tr></table>"_qs);
+            QCOMPARE(document->firstBlock().blockFormat().bottomMargin(), 0.0);
+            QCOMPARE(document->firstBlock().next().text(), u"\u00A0"_qs);
+            QCOMPARE(document->firstBlock().next().begin().fragment().charFormat().fontPointSize(), 8.0);
+        }
+    }
+
     void ABlankIsNoWiderThanItsCell() {
         const auto document =
             Made(u"<table><tr><td width=\"25%\">%1</td><td>%1</td></tr></table>"_qs.arg(QString(30, u'_')));
