@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_markers.h"
 #include "platform/rich_text/rtf_limits.h"
 #include "platform/rich_text/rtf_output.h"
 
@@ -168,7 +169,8 @@ RtfBlockFormats::RtfBlockFormats(const QTextDocument& document, RtfNumbers& numb
     : m_numbers(numbers)
     , m_indentWidth(document.indentWidth()) {}
 
-std::unique_ptr<RtfBlockFormats::Entry> RtfBlockFormats::Make(const QTextBlockFormat& format) {
+std::unique_ptr<RtfBlockFormats::Entry> RtfBlockFormats::Make(const QTextBlockFormat& anyFormat) {
+    const QTextBlockFormat format = FileBlockFormat(anyFormat);
     auto entry = std::make_unique<Entry>();
     entry->isFiller = format.boolProperty(Filler);
     entry->section = format.property(SectionBreak).toByteArray();

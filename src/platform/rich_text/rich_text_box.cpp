@@ -1,0 +1,393 @@
+#include "platform/rich_text/rich_text_box.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFrame>
+#include <algorithm>
+#include <utility>
+
+#include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_box_edit.h"
+#include "platform/rich_text/rich_text_file.h"
+#include "platform/rich_text/rich_text_markers.h"
+#include "platform/rich_text/rich_text_plain.h"
+#include "platform/rich_text/rich_text_printing.h"
+#include "platform/rich_text/rich_text_selection_format.h"
+#include "platform/rich_text/rtf_reader.h"
+
+namespace platform {
+namespace {
+
+constexpr int kPlainMargin = 4; // pixels around the text of a box that looks like no page
+
+std::unique_ptr<QTextDocument> EmptyDocument() {
+    auto document = std::make_unique<QTextDocument>();
+    document->setUndoRedoEnabled(false);
+    return document;
+}
+
+// The document of a source that may be no rich text; null for a plain text that is too large.
+std::unique_ptr<QTextDocument> DocumentOf(const QByteArray& source) {
+    if (IsRtf(source))
+        return source.size() <= kMostSourceBytes ? ReadRtf(source) : nullptr;
+    const std::optional<QString> text = source.size() <= kMostTextBytes ? DecodeText(source) : std::nullopt;
+    return text ? PlainTextDocument(*text) : nullptr;
+}
+
+// Where two texts begin to differ, and where in the second they are alike again up to the end.
+std::pair<qsizetype, qsizetype> Difference(const QString& before, const QString& after) {
+    const qsizetype shorter = std::min(before.size(), after.size());
+    const auto first = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
+    const qsizetype from = first.first - before.begin();
+    const auto last = std::mismatch(before.rbegin(), before.rbegin() + (shorter - from), after.rbegin());
+    return {from, after.size() - (last.first - before.rbegin())};
+}
+
+} // namespace
+
+RichTextBox::Edit::Edit(RichTextBox& box)
+    : m_box(box)
+    , m_touchedBefore(box.m_touched) {
+    if (m_box.m_edits++ == 0 && !m_box.document()->isEmpty()) {
+        m_hadText = true;
+        m_formatBefore = m_box.textCursor().charFormat();
+    }
+}
+
+RichTextBox::Edit::~Edit() {
+    if (m_box.m_edits > 1) {
+        --m_box.m_edits;
+        return;
+    }
+    if (m_box.m_touched) {
+        if (m_hadText && m_box.document()->isEmpty())
+            m_box.KeepFontOfEmptyBox(m_formatBefore);
+        m_box.ShowChangedMarkers();
+    }
+    --m_box.m_edits;
+    if (std::exchange(m_box.m_touched, false))
+        m_box.TellChange();
+    m_box.TellSelection();
+}
+
+RichTextBox::RichTextBox(QWidget* parent)
+    : QTextEdit(parent) {
+    setAcceptRichText(true);
+    setTabChangesFocus(false);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    ReplaceDocument(EmptyDocument(), false);
+    connect(this, &QTextEdit::textChanged, this, &RichTextBox::OnTextChanged);
+    connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::OnSelectionMoved);
+    connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::OnSelectionMoved);
+}
+
+RichTextBox::~RichTextBox() {
+    // what is told while the base classes end would reach members that are gone
+    disconnect(this, nullptr, this, nullptr);
+    document()->disconnect(this);
+}
+
+// ---- signals
+
+void RichTextBox::OnContentsChange(int position, int removed, int added) {
+    m_textIsValid = false;
+    m_formatter.reset();
+    if (m_changedFrom < 0) {
+        m_changedFrom = position;
+        m_changedTo = position + added;
+        return;
+    }
+    if (m_changedTo > position)
+        m_changedTo = std::max(position, m_changedTo - removed) + added;
+    m_changedTo = std::max(m_changedTo, position + added);
+    m_changedFrom = std::min(m_changedFrom, position);
+}
+
+void RichTextBox::OnTextChanged() {
+    m_touched = true;
+    if (m_edits > 0)
+        return;
+    m_touched = false;
+    ++m_signalDepth;
+    TellChange();
+    --m_signalDepth;
+}
+
+void RichTextBox::OnSelectionMoved() {
+    if (m_edits > 0)
+        return;
+    ++m_signalDepth;
+    TellSelection();
+    --m_signalDepth;
+}
+
+void RichTextBox::TellChange() {
+    Q_EMIT Change();
+}
+
+void RichTextBox::TellSelection() {
+    const QTextCursor cursor = textCursor();
+    const bool moved = cursor.anchor() != m_toldAnchor || cursor.position() != m_toldPosition;
+    m_toldAnchor = cursor.anchor();
+    m_toldPosition = cursor.position();
+    if (std::exchange(m_selTouched, false) || moved)
+        Q_EMIT SelChange();
+}
+
+// ---- the document
+
+// Whether emptying the box would change nothing.
+bool RichTextBox::IsPristine() const {
+    if (!document()->isEmpty() || document()->blockCount() != 1)
+        return false;
+    const QTextBlock block = document()->begin();
+    return block.blockFormat().propertyCount() == 0 && block.charFormat().propertyCount() == 0 &&
+           textCursor().charFormat().propertyCount() == 0;
+}
+
+// A new document costs less than changing the one that is laid out.
+void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange) {
+    Edit edit(*this);
+    QTextDocument* const old = QTextEdit::document();
+    QTextDocument* const shown = document.release();
+    shown->setUndoRedoEnabled(false);
+    shown->setDefaultFont(font());
+    ShowMarkers(*shown, 0, shown->characterCount());
+    SetPageMargins(*shown);
+    QTextOption option = shown->defaultTextOption();
+    option.setWrapMode(HasOverlongWord(shown->toRawText()) ? QTextOption::WrapAnywhere
+                                                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    shown->setDefaultTextOption(option);
+    shown->setPageSize(QSizeF(0, 0)); // nothing is laid out before the width is known
+    shown->setParent(this);
+
+    m_writer.reset();
+    m_formatter.reset();
+    m_text.clear();
+    m_textIsValid = false;
+    setDocument(shown);
+    if (!isVisible())
+        shown->setPageSize(QSizeF(0, 0)); // a box that is not shown is laid out by nobody
+    setTextCursor(QTextCursor(shown));    // without the format that the old caret had
+    connect(shown, &QTextDocument::contentsChange, this, &RichTextBox::OnContentsChange);
+    m_changedFrom = -1;
+    old->disconnect(this);
+    if (old->parent() == this) {
+        if (m_signalDepth > 0)
+            old->deleteLater(); // it may be telling of its change just now
+        else
+            delete old;
+    }
+    m_selTouched = true;
+    if (isChange)
+        m_touched = true;
+    else
+        edit.Forget();
+}
+
+// Bullets stand where the text they belong to now begins.
+void RichTextBox::ShowChangedMarkers() {
+    if (m_changedFrom < 0)
+        return;
+    const int from = std::exchange(m_changedFrom, -1);
+    ShowMarkers(*document(), std::min(from, document()->characterCount() - 1), m_changedTo);
+    m_changedFrom = -1;
+}
+
+// A box that was emptied by editing goes on in the font it had.
+void RichTextBox::KeepFontOfEmptyBox(const QTextCharFormat& format) {
+    Edit edit(*this);
+    QTextCursor cursor(document());
+    cursor.setBlockCharFormat(TextOnlyFormat(format));
+}
+
+QString RichTextBox::Text() const {
+    if (!m_textIsValid) {
+        m_text = PlainText(*document());
+        m_textIsValid = true;
+    }
+    return m_text;
+}
+
+bool RichTextBox::setText(const QString& text) {
+    if (text.size() > kMostTextBytes)
+        return false;
+    Edit edit(*this);
+    if (text.isEmpty()) {
+        clear();
+        return true;
+    }
+    QTextCharFormat format;
+    QTextBlockFormat blockFormat;
+    if (document()->isEmpty()) {
+        format = TextOnlyFormat(textCursor().charFormat());
+        blockFormat = FileBlockFormat(document()->begin().blockFormat());
+    }
+    std::unique_ptr<QTextDocument> document = EmptyDocument();
+    QTextCursor cursor(document.get());
+    cursor.beginEditBlock();
+    cursor.setBlockFormat(blockFormat);
+    cursor.setBlockCharFormat(format);
+    cursor.insertText(NormalizedText(text), format);
+    cursor.endEditBlock();
+    ReplaceDocument(std::move(document), true);
+    return true;
+}
+
+void RichTextBox::clear() {
+    if (IsPristine())
+        return;
+    ReplaceDocument(EmptyDocument(), !document()->isEmpty());
+}
+
+QString RichTextBox::TextRTF() const {
+    return QString::fromLatin1(Snapshot().Join());
+}
+
+bool RichTextBox::setTextRTF(const QString& source) {
+    if (source.size() > kMostSourceBytes)
+        return false;
+    return setTextRTF(source.toUtf8());
+}
+
+bool RichTextBox::setTextRTF(const QByteArray& source) {
+    if (source.isEmpty()) {
+        clear();
+        return true;
+    }
+    std::unique_ptr<QTextDocument> document = DocumentOf(source);
+    if (!document)
+        return false;
+    ReplaceDocument(std::move(document), true);
+    return true;
+}
+
+RtfSnapshot RichTextBox::Snapshot() const {
+    if (!m_writer)
+        m_writer = std::make_unique<RtfWriterCache>(*document());
+    return m_writer->Snapshot();
+}
+
+// The caret goes behind what the snapshot has otherwise than the text before.
+bool RichTextBox::setSnapshot(const RtfSnapshot& snapshot) {
+    Edit edit(*this);
+    const QString before = Text();
+    const int anchor = textCursor().anchor();
+    const int position = textCursor().position();
+    const int scrolled = verticalScrollBar()->value();
+    if (snapshot.IsEmpty() || !setTextRTF(snapshot.Join()))
+        return false;
+    QTextCursor cursor = textCursor();
+    const int end = document()->characterCount() - 1;
+    if (const auto [from, to] = Difference(before, Text()); from < to || before.size() != Text().size()) {
+        cursor.setPosition(std::min(int(to), end));
+    } else {
+        cursor.setPosition(std::min(anchor, end));
+        cursor.setPosition(std::min(position, end), QTextCursor::KeepAnchor);
+    }
+    if (cursor.position() != 0 || cursor.hasSelection()) {
+        if (isVisible() && scrolled > 0) {
+            // laid out as far as it was seen, so that the view stays where it was
+            document()->documentLayout()->hitTest(QPointF(0, scrolled + viewport()->height()), Qt::FuzzyHit);
+            verticalScrollBar()->setValue(scrolled);
+        }
+        setTextCursor(cursor);
+    }
+    return true;
+}
+
+// ---- files and printing
+
+bool RichTextBox::LoadFile(const QString& path) {
+    std::unique_ptr<QTextDocument> document = ReadDocumentFile(path);
+    if (!document)
+        return false;
+    ReplaceDocument(std::move(document), true);
+    m_fileName = path;
+    return true;
+}
+
+int RichTextBox::SaveFile(const QString& path) const {
+    return int(WriteFileWhole(path, Snapshot().Join()));
+}
+
+int RichTextBox::FormatRange(QPainter& painter, const QRect& rectangle, int first, bool render) {
+    if (!m_formatter)
+        m_formatter = std::make_unique<RichTextFormatter>(*document());
+    return m_formatter->FormatRange(painter, rectangle, first, render);
+}
+
+void RichTextBox::FormatRangeRelease() {
+    m_formatter.reset();
+}
+
+// ---- the page
+
+void RichTextBox::setPageLike(bool on) {
+    m_pageLike = on;
+    FitPage();
+}
+
+void RichTextBox::setPageMargin(int pixels) {
+    m_pageMargin = std::max(pixels, 0);
+    FitPage();
+}
+
+void RichTextBox::setPageWidth(int pixels) {
+    m_pageWidth = std::max(pixels, 1);
+    FitPage();
+}
+
+void RichTextBox::FitPage() {
+    Edit edit(*this);
+    const int from = m_changedFrom;
+    const int to = m_changedTo;
+    SetPageMargins(*document());
+    m_changedFrom = from;
+    m_changedTo = to;
+    edit.Forget();
+}
+
+void RichTextBox::SetPageMargins(QTextDocument& document) const {
+    const int margin = m_pageLike ? m_pageMargin : kPlainMargin;
+    const int side = margin + (m_pageLike ? std::max(0, viewport()->width() - m_pageWidth) / 2 : 0);
+    QTextFrameFormat format = document.rootFrame()->frameFormat();
+    if (format.leftMargin() == side && format.topMargin() == margin)
+        return;
+    format.setMargin(margin);
+    format.setLeftMargin(side);
+    format.setRightMargin(side);
+    document.rootFrame()->setFrameFormat(format);
+}
+
+// Breaking a word of a hundred thousand characters at words takes Qt seconds.
+void RichTextBox::FitWrapping(const QString& newText) {
+    if (wordWrapMode() != QTextOption::WrapAnywhere && HasOverlongWord(newText))
+        setWordWrapMode(QTextOption::WrapAnywhere);
+}
+
+void RichTextBox::ScrollToCaret() {
+    if (isVisible())
+        ensureCursorVisible();
+}
+
+void RichTextBox::resizeEvent(QResizeEvent* event) {
+    Edit edit(*this);
+    FitPage();
+    QTextEdit::resizeEvent(event);
+}
+
+// Draws the markers of the paragraphs that are seen; the layout does not know them.
+void RichTextBox::paintEvent(QPaintEvent* event) {
+    QTextEdit::paintEvent(event);
+    const QPointF offset(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    QPainter painter(viewport());
+    painter.translate(-offset);
+    DrawMarkersInside(painter, *document(), QRectF(event->rect()).translated(offset));
+}
+
+} // namespace platform

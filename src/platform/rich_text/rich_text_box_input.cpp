@@ -1,0 +1,155 @@
+// What the rich text box does with keys, the mouse, input methods and the clipboard.
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rich_text_box_edit.h"
+#include "platform/rich_text/rich_text_clipboard.h"
+#include "platform/rich_text/rich_text_file.h"
+
+namespace platform {
+namespace {
+
+// The box keeps no history: these keys are for the program.
+bool IsHistoryKey(const QKeyEvent& event) {
+    return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo);
+}
+
+// Delete has a text of its own here, and stands for no character.
+bool StandsForCharacter(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.key() != Qt::Key_Delete;
+}
+
+bool TypesText(const QKeyEvent& event) {
+    return !event.text().isEmpty() && (event.text().front().isPrint() || event.text().front() == u'\t') &&
+           (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+}
+
+} // namespace
+
+bool RichTextBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsHistoryKey(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return false;
+    }
+    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::Show && document()->pageSize().isNull()) {
+        QResizeEvent resize(size(), size());
+        resizeEvent(&resize);
+    }
+    return handled;
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    if (StandsForCharacter(*event))
+        Q_EMIT CharacterPressed();
+    if (IsHistoryKey(*event)) {
+        event->ignore();
+        return;
+    }
+    Edit edit(*this);
+    if (!isReadOnly()) {
+        if (event->matches(QKeySequence::InsertParagraphSeparator)) {
+            InsertParagraph();
+            event->accept();
+            return;
+        }
+        const QTextCursor cursor = textCursor();
+        if (event->key() == Qt::Key_Backspace && !cursor.hasSelection() && cursor.atBlockStart() &&
+            (event->modifiers() & ~Qt::ShiftModifier) == 0 && cursor.blockFormat().hasProperty(BulletText)) {
+            setSelBullet(false);
+            setSelHangingIndent(0);
+            event->accept();
+            return;
+        }
+        if (TypesText(*event)) {
+            // in the format of the first character of what it replaces, like all text
+            if (cursor.hasSelection() || cursor.charFormat().hasProperty(QTextFormat::ObjectType) ||
+                cursor.charFormat().hasProperty(EmbeddedObject)) {
+                InsertText(event->text());
+                event->accept();
+                return;
+            }
+            FreeFiller();
+        }
+    }
+    QTextEdit::keyPressEvent(event);
+}
+
+void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (!event->commitString().isEmpty())
+        Q_EMIT CharacterPressed();
+    Edit edit(*this);
+    if (!event->commitString().isEmpty() && !isReadOnly())
+        FreeFiller();
+    // a text that is only being composed is none of the document's
+    const int revision = document()->revision();
+    QTextEdit::inputMethodEvent(event);
+    if (document()->revision() == revision)
+        edit.Forget();
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent* event) {
+    const Qt::MouseButton button = event->button();
+    const QPoint position = event->globalPosition().toPoint();
+    if (button == Qt::LeftButton) {
+        Edit edit(*this);
+        QTextEdit::mousePressEvent(event);
+    } else {
+        setFocus(Qt::MouseFocusReason);
+        event->accept();
+    }
+    Q_EMIT MousePressed(button, position);
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        event->accept();
+        return;
+    }
+    const bool isInside = viewport()->rect().contains(event->position().toPoint());
+    {
+        Edit edit(*this);
+        QTextEdit::mouseReleaseEvent(event);
+    }
+    if (isInside)
+        Q_EMIT Click();
+}
+
+// The menu of the mouse is asked for by its button.
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Mouse)
+        Q_EMIT MousePressed(Qt::RightButton, viewport()->mapToGlobal(cursorRect().bottomLeft()));
+}
+
+void RichTextBox::dropEvent(QDropEvent* event) {
+    Edit edit(*this);
+    QTextEdit::dropEvent(event);
+}
+
+QMimeData* RichTextBox::createMimeDataFromSelection() const {
+    return MimeOfSelection(textCursor()).release();
+}
+
+bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
+    return source != nullptr && HasDocument(*source);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData* source) {
+    if (source == nullptr || isReadOnly())
+        return;
+    if (const std::unique_ptr<QTextDocument> document = DocumentOfMime(*source))
+        InsertForeign(*document);
+    else if (const QString text = source->text(); !text.isEmpty() && text.size() <= kMostTextBytes)
+        InsertText(text);
+}
+
+} // namespace platform

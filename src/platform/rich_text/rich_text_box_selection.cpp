@@ -1,0 +1,360 @@
+// The members of the rich text box that work on the selection.
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rich_text_box_edit.h"
+#include "platform/rich_text/rich_text_clipboard.h"
+#include "platform/rich_text/rich_text_file.h"
+#include "platform/rich_text/rich_text_markers.h"
+#include "platform/rich_text/rich_text_plain.h"
+#include "platform/rich_text/rich_text_selection_format.h"
+#include "platform/rich_text/rtf_reader.h"
+#include "platform/rich_text/rtf_writer.h"
+
+namespace platform {
+namespace {
+
+constexpr double kMostPoints = 1638;
+constexpr std::array kAlignments = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
+                                    Qt::Alignment(Qt::AlignHCenter), Qt::Alignment(Qt::AlignJustify)};
+
+} // namespace
+
+int RichTextBox::SelStart() const {
+    return textCursor().selectionStart();
+}
+
+bool RichTextBox::setSelStart(int start) {
+    if (start < 0)
+        return false;
+    Edit edit(*this);
+    QTextCursor cursor = textCursor();
+    const int position = std::min(start, document()->characterCount() - 1);
+    // a caret that stays keeps the format set for what is typed next
+    if (cursor.hasSelection() || cursor.position() != position) {
+        cursor.setPosition(position);
+        setTextCursor(cursor);
+    }
+    return true;
+}
+
+int RichTextBox::SelLength() const {
+    const QTextCursor cursor = textCursor();
+    return cursor.selectionEnd() - cursor.selectionStart();
+}
+
+bool RichTextBox::setSelLength(int length) {
+    if (length < 0)
+        return false;
+    Edit edit(*this);
+    QTextCursor cursor = textCursor();
+    const int start = cursor.selectionStart();
+    const int end = start + std::min(length, document()->characterCount() - 1 - start);
+    if (cursor.selectionEnd() != end) {
+        cursor.setPosition(start);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+    return true;
+}
+
+QString RichTextBox::SelText() const {
+    return Text().mid(SelStart(), SelLength());
+}
+
+bool RichTextBox::setSelText(const QString& text) {
+    if (text.size() > kMostTextBytes)
+        return false;
+    InsertText(text);
+    return true;
+}
+
+QString RichTextBox::SelRTF() const {
+    return QString::fromLatin1(WriteRtf(textCursor()));
+}
+
+bool RichTextBox::setSelRTF(const QString& source) {
+    if (source.size() > kMostSourceBytes)
+        return false;
+    const QByteArray bytes = source.toUtf8();
+    if (!IsRtf(bytes))
+        return setSelText(source);
+    const std::unique_ptr<QTextDocument> document = ReadRtf(bytes);
+    if (!document)
+        return false;
+    InsertForeign(*document);
+    return true;
+}
+
+// ---- inserting
+
+// An empty paragraph that only parts tables becomes one of the text.
+void RichTextBox::FreeFiller() {
+    QTextCursor cursor = textCursor();
+    const QTextBlock block = cursor.block();
+    if (cursor.hasSelection() || block.length() > 1 || !block.blockFormat().boolProperty(Filler))
+        return;
+    QTextBlockFormat format = block.blockFormat();
+    format.clearProperty(Filler);
+    QTextCharFormat text = block.charFormat();
+    text.clearProperty(QTextFormat::FontPointSize);
+    for (QTextBlock other = block.previous(); other.isValid(); other = other.previous()) {
+        if (!other.blockFormat().boolProperty(Filler)) {
+            text = TextOnlyFormat(FirstCharFormat(other));
+            break;
+        }
+    }
+    cursor.beginEditBlock();
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(text);
+    cursor.endEditBlock();
+    cursor.setCharFormat(text);
+    setTextCursor(cursor);
+}
+
+void RichTextBox::InsertText(const QString& text) {
+    Edit edit(*this);
+    QTextCursor cursor = textCursor();
+    const QString plain = NormalizedText(text);
+    if (plain.isEmpty() && !cursor.hasSelection())
+        return;
+    FreeFiller();
+    cursor = textCursor();
+    QTextCharFormat format = cursor.charFormat();
+    if (cursor.hasSelection()) {
+        VisitCharFormats(*document(), cursor.selectionStart(), cursor.selectionEnd(),
+                         [&format](const QTextCharFormat& first) {
+                             format = first;
+                             return false;
+                         });
+    }
+    format = TextOnlyFormat(format);
+    FitWrapping(plain);
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const int start = cursor.position();
+    if (document()->isEmpty())
+        cursor.setBlockCharFormat(format);
+    cursor.insertText(plain, format);
+    PartBreaks(document()->findBlock(start), cursor.block());
+    cursor.endEditBlock();
+    cursor.setCharFormat(format);
+    setTextCursor(cursor);
+    ScrollToCaret();
+}
+
+// Enter: parts the paragraph; in an empty one of a list ends the list there.
+void RichTextBox::InsertParagraph() {
+    Edit edit(*this);
+    FreeFiller();
+    QTextCursor cursor = textCursor();
+    const QTextBlock block = cursor.block();
+    if (!cursor.hasSelection() && block.length() <= 1 && block.blockFormat().hasProperty(BulletText)) {
+        setSelBullet(false);
+        setSelHangingIndent(0);
+        return;
+    }
+    const QTextCharFormat format = TextOnlyFormat(cursor.charFormat());
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const QTextBlock first = cursor.block();
+    cursor.insertBlock(cursor.blockFormat(), format);
+    PartBreaks(first, cursor.block());
+    cursor.endEditBlock();
+    cursor.setCharFormat(format);
+    setTextCursor(cursor);
+    ScrollToCaret();
+}
+
+void RichTextBox::InsertForeign(QTextDocument& source) {
+    Edit edit(*this);
+    FreeFiller();
+    FitWrapping(source.toRawText());
+    QTextCursor cursor = textCursor();
+    InsertDocument(cursor, source);
+    ScrollToCaret();
+}
+
+// ---- formats of characters
+
+bool RichTextBox::SetCharFormat(const QTextCharFormat& change, bool isThere) {
+    if (isThere)
+        return true;
+    Edit edit(*this);
+    edit.FormatSet();
+    const QTextCursor cursor = textCursor();
+    if (cursor.hasSelection()) {
+        MergeCharFormat(cursor, change);
+        return true;
+    }
+    mergeCurrentCharFormat(change);
+    if (document()->isEmpty()) {
+        // nothing but the paragraph's end can hold the format while the caret is elsewhere
+        QTextCursor all(document());
+        all.setBlockCharFormat(textCursor().charFormat());
+        edit.Forget();
+    }
+    return true;
+}
+
+std::optional<QColor> RichTextBox::SelColor() const {
+    const std::optional<QRgb> color = CommonCharValue(textCursor(), ColorOf);
+    return color ? std::optional<QColor>(QColor::fromRgb(*color)) : std::nullopt;
+}
+
+bool RichTextBox::setSelColor(const QColor& color) {
+    if (!color.isValid())
+        return false;
+    QTextCharFormat change;
+    change.setForeground(QColor::fromRgb(color.rgb()));
+    return SetCharFormat(change, SelColor() == QColor::fromRgb(color.rgb()));
+}
+
+std::optional<QString> RichTextBox::SelFontName() const {
+    return CommonCharValue(textCursor(),
+                           [this](const QTextCharFormat& format) { return FontNameOf(format, *document()); });
+}
+
+bool RichTextBox::setSelFontName(const QString& name) {
+    if (name.trimmed().isEmpty())
+        return false;
+    QTextCharFormat change;
+    change.setFontFamilies({name});
+    // what told of the old font
+    change.setFontStyleHint(QFont::AnyStyle);
+    change.setFontFixedPitch(false);
+    change.setProperty(FontNumber, -1);
+    return SetCharFormat(change, SelFontName() == name);
+}
+
+std::optional<double> RichTextBox::SelFontSize() const {
+    return CommonCharValue(textCursor(),
+                           [this](const QTextCharFormat& format) { return FontSizeOf(format, *document()); });
+}
+
+bool RichTextBox::setSelFontSize(double points) {
+    if (!(points > 0 && points <= kMostPoints))
+        return false;
+    const double size = std::max(0.5, std::round(points * 2) / 2); // as files have it
+    QTextCharFormat change;
+    change.setFontPointSize(size);
+    return SetCharFormat(change, SelFontSize() == size);
+}
+
+std::optional<bool> RichTextBox::SelBold() const {
+    return CommonCharValue(textCursor(),
+                           [](const QTextCharFormat& format) { return format.fontWeight() > QFont::Medium; });
+}
+
+bool RichTextBox::setSelBold(bool on) {
+    QTextCharFormat change;
+    change.setFontWeight(on ? QFont::Bold : QFont::Normal);
+    return SetCharFormat(change, SelBold() == on);
+}
+
+std::optional<bool> RichTextBox::SelItalic() const {
+    return CommonCharValue(textCursor(), [](const QTextCharFormat& format) { return format.fontItalic(); });
+}
+
+bool RichTextBox::setSelItalic(bool on) {
+    QTextCharFormat change;
+    change.setFontItalic(on);
+    return SetCharFormat(change, SelItalic() == on);
+}
+
+std::optional<bool> RichTextBox::SelStrikeThru() const {
+    return CommonCharValue(textCursor(),
+                           [](const QTextCharFormat& format) { return format.fontStrikeOut(); });
+}
+
+bool RichTextBox::setSelStrikeThru(bool on) {
+    QTextCharFormat change;
+    change.setFontStrikeOut(on);
+    change.setProperty(DoubleStrike, false);
+    return SetCharFormat(change, SelStrikeThru() == on);
+}
+
+std::optional<bool> RichTextBox::SelUnderline() const {
+    return CommonCharValue(textCursor(),
+                           [](const QTextCharFormat& format) { return format.fontUnderline(); });
+}
+
+bool RichTextBox::setSelUnderline(bool on) {
+    QTextCharFormat change;
+    change.setFontUnderline(on);
+    change.setProperty(UnderlineKind, int(UnderlineKinds::Plain));
+    return SetCharFormat(change, SelUnderline() == on);
+}
+
+// ---- formats of paragraphs
+
+bool RichTextBox::ChangeBlocks(
+    const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change) {
+    Edit edit(*this);
+    bool changed = false;
+    if (!ChangeBlockFormats(textCursor(), change, changed))
+        return false;
+    if (changed) {
+        edit.FormatSet();
+        ScrollToCaret();
+    }
+    return true;
+}
+
+std::optional<int> RichTextBox::SelAlignment() const {
+    return CommonBlockValue(textCursor(), AlignmentOf);
+}
+
+bool RichTextBox::setSelAlignment(int alignment) {
+    if (alignment < AlignedLeft || alignment > Justified)
+        return false;
+    return ChangeBlocks([alignment](const QTextBlockFormat& old) {
+        QTextBlockFormat format = old;
+        if (AlignmentOf(old) != alignment)
+            format.setAlignment(kAlignments[static_cast<std::size_t>(alignment)]);
+        return std::optional(format);
+    });
+}
+
+std::optional<int> RichTextBox::SelIndent() const {
+    return CommonBlockValue(textCursor(),
+                            [](const QTextBlockFormat& format) { return IndentOf(FileBlockFormat(format)); });
+}
+
+bool RichTextBox::setSelIndent(int twips) {
+    return ChangeBlocks([twips](const QTextBlockFormat& old) {
+        return IndentOf(old) == twips ? std::optional(old) : WithIndents(old, twips, HangingIndentOf(old));
+    });
+}
+
+std::optional<int> RichTextBox::SelHangingIndent() const {
+    return CommonBlockValue(textCursor(), [](const QTextBlockFormat& format) {
+        return HangingIndentOf(FileBlockFormat(format));
+    });
+}
+
+bool RichTextBox::setSelHangingIndent(int twips) {
+    return ChangeBlocks([twips](const QTextBlockFormat& old) {
+        return HangingIndentOf(old) == twips ? std::optional(old) : WithIndents(old, IndentOf(old), twips);
+    });
+}
+
+std::optional<bool> RichTextBox::SelBullet() const {
+    return CommonBlockValue(textCursor(), [](const QTextBlockFormat& format) {
+        return !format.stringProperty(BulletText).isEmpty();
+    });
+}
+
+bool RichTextBox::setSelBullet(bool on) {
+    return ChangeBlocks([on](const QTextBlockFormat& old) {
+        const bool isBullet = !old.stringProperty(BulletText).isEmpty();
+        return std::optional(isBullet == on ? old : WithBullet(old, on));
+    });
+}
+
+} // namespace platform

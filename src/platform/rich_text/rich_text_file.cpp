@@ -1,0 +1,87 @@
+#include "platform/rich_text/rich_text_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStorageInfo>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include "platform/rich_text/rich_text_plain.h"
+#include "platform/rich_text/rtf_reader.h"
+
+namespace platform {
+namespace {
+
+// Word processors lay this beside a file that they have open.
+bool IsOpenElsewhere(const QFileInfo& file) {
+    return QFileInfo::exists(file.dir().filePath(QStringLiteral(".~lock.%1#").arg(file.fileName())));
+}
+
+} // namespace
+
+std::unique_ptr<QTextDocument> PlainTextDocument(const QString& text) {
+    auto document = std::make_unique<QTextDocument>();
+    document->setUndoRedoEnabled(false);
+    QTextCursor cursor(document.get());
+    cursor.beginEditBlock();
+    cursor.insertText(NormalizedText(text));
+    cursor.endEditBlock();
+    return document;
+}
+
+std::unique_ptr<QTextDocument> ReadDocumentFile(const QString& path) {
+    if (!QFileInfo(path).isFile())
+        return nullptr;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kMostSourceBytes)
+        return nullptr;
+    const QByteArray bytes = file.read(kMostSourceBytes + 1);
+    if (file.error() != QFileDevice::NoError || bytes.size() > kMostSourceBytes)
+        return nullptr;
+    if (IsRtf(bytes))
+        return ReadRtf(bytes);
+    if (bytes.size() > kMostTextBytes)
+        return nullptr;
+    const std::optional<QString> text = DecodeText(bytes);
+    return text ? PlainTextDocument(*text) : nullptr;
+}
+
+SaveError SaveErrorFor(QFileDevice::FileError error, const QString& path) {
+    if (error == QFileDevice::NoError)
+        return SaveError::None;
+    if (error == QFileDevice::ResourceError)
+        return SaveError::DiskFull;
+    const QFileInfo file(path);
+    const QFileInfo folder(file.absolutePath());
+    if (file.isDir())
+        return SaveError::PermissionDenied;
+    if (!folder.isDir() || path.isEmpty())
+        return SaveError::PathOrFile;
+    const QStorageInfo storage(folder.absoluteFilePath());
+    if (!storage.isReady())
+        return SaveError::DiskNotReady;
+    if (storage.isReadOnly())
+        return SaveError::PathOrFile;
+    if (!folder.isWritable() || (file.exists() && !file.isWritable()))
+        return SaveError::PermissionDenied;
+    if (storage.bytesAvailable() == 0)
+        return SaveError::DiskFull;
+    return error == QFileDevice::WriteError ? SaveError::DeviceIo : SaveError::PathOrFile;
+}
+
+SaveError WriteFileWhole(const QString& path, const QByteArray& source) {
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir())
+        return SaveError::PathOrFile; // a device or a pipe is not to be replaced by a file
+    if (info.exists() && IsOpenElsewhere(info))
+        return SaveError::AlreadyOpen;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(source) != source.size() || !file.commit())
+        return SaveErrorFor(file.error() == QFileDevice::NoError ? QFileDevice::WriteError : file.error(),
+                            path);
+    return SaveError::None;
+}
+
+} // namespace platform

@@ -1,0 +1,257 @@
+#include "platform/rich_text/rich_text_selection_format.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <cmath>
+#include <vector>
+
+#include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_markers.h"
+#include "platform/rich_text/rtf_limits.h"
+
+namespace platform {
+namespace {
+
+int RoundToTwips(double pixels) {
+    return static_cast<int>(std::lround(PixelsToTwips(pixels)));
+}
+
+void SetOrClear(QTextBlockFormat& format, int property, double pixels) {
+    if (pixels != 0)
+        format.setProperty(property, pixels);
+    else
+        format.clearProperty(property);
+}
+
+} // namespace
+
+void VisitCharFormats(const QTextDocument& document, int from, int to,
+                      const std::function<bool(const QTextCharFormat&)>& visit) {
+    int known = -1;
+    const auto visitIndex = [&](int index, const auto& format) {
+        if (index == known)
+            return true;
+        known = index;
+        return visit(format());
+    };
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment run = it.fragment();
+            if (run.position() + run.length() <= from)
+                continue;
+            if (run.position() >= to)
+                break;
+            if (!visitIndex(run.charFormatIndex(), [&run] { return run.charFormat(); }))
+                return;
+        }
+    }
+    if (known >= 0)
+        return;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        if (!visitIndex(block.charFormatIndex(), [&block] { return block.charFormat(); }))
+            return;
+    }
+}
+
+QTextBlock FirstBlock(const QTextCursor& cursor) {
+    return cursor.document()->findBlock(cursor.selectionStart());
+}
+
+QTextBlock LastBlock(const QTextCursor& cursor) {
+    QTextBlock last = cursor.document()->findBlock(cursor.selectionEnd());
+    if (cursor.hasSelection() && last.position() == cursor.selectionEnd() &&
+        last.position() > cursor.selectionStart())
+        last = last.previous();
+    return last;
+}
+
+QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document) {
+    const QStringList families = format.fontFamilies().toStringList();
+    return families.isEmpty() ? document.defaultFont().family() : families.first();
+}
+
+double FontSizeOf(const QTextCharFormat& format, const QTextDocument& document) {
+    if (format.boolProperty(HiddenText) && format.hasProperty(HiddenSize))
+        return format.intProperty(HiddenSize) / 2.0;
+    if (format.hasProperty(QTextFormat::FontPointSize))
+        return format.fontPointSize();
+    const QFont font = format.font().resolve(document.defaultFont());
+    if (font.pointSizeF() > 0)
+        return font.pointSizeF();
+    return font.pixelSize() * 72.0 / 96.0;
+}
+
+QRgb ColorOf(const QTextCharFormat& format) {
+    const QBrush brush = format.foreground();
+    return brush.style() == Qt::NoBrush || brush.color().alpha() == 0 ? qRgb(0, 0, 0)
+                                                                      : (brush.color().rgb() | 0xff000000U);
+}
+
+int AlignmentOf(const QTextBlockFormat& format) {
+    const Qt::Alignment alignment = format.alignment();
+    if (alignment.testFlag(Qt::AlignJustify))
+        return Justified;
+    if (alignment.testFlag(Qt::AlignHCenter))
+        return AlignedCenter;
+    if (alignment.testFlag(Qt::AlignRight))
+        return AlignedRight;
+    return AlignedLeft;
+}
+
+void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change) {
+    const int from = selection.selectionStart();
+    const int to = selection.selectionEnd();
+    std::vector<std::pair<int, int>> hidden;
+    for (QTextBlock block = selection.document()->findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment run = it.fragment();
+            if (run.position() < to && run.position() + run.length() > from &&
+                run.charFormat().boolProperty(HiddenText))
+                hidden.emplace_back(run.position(), run.position() + run.length());
+        }
+    }
+    QTextCursor cursor(selection);
+    if (hidden.empty()) {
+        cursor.mergeCharFormat(change);
+        return;
+    }
+    cursor.beginEditBlock();
+    int next = from;
+    const auto mergeUpTo = [&](int end) {
+        if (next >= end)
+            return;
+        cursor.setPosition(next);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        cursor.mergeCharFormat(change);
+    };
+    for (const auto& [begin, end] : hidden) {
+        mergeUpTo(begin);
+        next = end;
+    }
+    mergeUpTo(to);
+    cursor.endEditBlock();
+}
+
+bool ChangeBlockFormats(const QTextCursor& selection,
+                        const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change,
+                        bool& changed) {
+    changed = false;
+    const QTextDocument& document = *selection.document();
+    const QTextBlock first = FirstBlock(selection);
+    const QTextBlock end = LastBlock(selection).next();
+    std::vector<std::pair<int, QTextBlockFormat>> formats;
+    for (QTextBlock block = first; block.isValid() && block != end; block = block.next()) {
+        const std::optional<QTextBlockFormat> format = change(FileBlockFormat(block.blockFormat()));
+        if (!format)
+            return false;
+        QTextBlockFormat shown = ShownBlockFormat(*format, FirstCharFormat(block), document);
+        if (shown != block.blockFormat())
+            formats.emplace_back(block.position(), std::move(shown));
+    }
+    if (formats.empty())
+        return true;
+    QTextCursor cursor(selection);
+    cursor.beginEditBlock();
+    for (const auto& [position, format] : formats) {
+        cursor.setPosition(position);
+        cursor.setBlockFormat(format);
+    }
+    cursor.endEditBlock();
+    changed = true;
+    return true;
+}
+
+int IndentOf(const QTextBlockFormat& fileFormat) {
+    return RoundToTwips(fileFormat.leftMargin() + fileFormat.textIndent());
+}
+
+int HangingIndentOf(const QTextBlockFormat& fileFormat) {
+    return -RoundToTwips(fileFormat.textIndent());
+}
+
+std::optional<QTextBlockFormat> WithIndents(const QTextBlockFormat& fileFormat, int indent, int hanging) {
+    const qint64 left = qint64(indent) + hanging;
+    if (indent < 0 || left < 0 || indent > kMostTwips || left > kMostTwips)
+        return std::nullopt;
+    QTextBlockFormat format = fileFormat;
+    const double oldStart = format.leftMargin() + format.textIndent();
+    SetOrClear(format, QTextFormat::BlockLeftMargin, TwipsToPixels(double(left)));
+    SetOrClear(format, QTextFormat::TextIndent, TwipsToPixels(-hanging));
+
+    // tab stops stay where they are on the page; the stop at the left indent goes with it
+    QList<QTextOption::Tab> tabs;
+    const double newStart = TwipsToPixels(indent);
+    bool impliedLeft = fileFormat.textIndent() < 0;
+    for (QTextOption::Tab tab : fileFormat.tabPositions()) {
+        if (impliedLeft && tab.type == QTextOption::LeftTab &&
+            std::abs(tab.position + fileFormat.textIndent()) < 0.01) {
+            impliedLeft = false;
+            continue;
+        }
+        tab.position += oldStart - newStart;
+        if (tab.position > 0)
+            tabs.append(tab);
+    }
+    if (hanging > 0) {
+        const QTextOption::Tab stop(TwipsToPixels(hanging), QTextOption::LeftTab);
+        auto place = tabs.begin();
+        while (place != tabs.end() && place->position < stop.position)
+            ++place;
+        tabs.insert(place, stop);
+    }
+    if (tabs.isEmpty())
+        format.clearProperty(QTextFormat::TabPositions);
+    else
+        format.setTabPositions(tabs);
+    return format;
+}
+
+QTextBlockFormat WithBullet(const QTextBlockFormat& fileFormat, bool bullet) {
+    QTextBlockFormat format = fileFormat;
+    for (const int property : {int(BulletText), int(ListKind), int(ListOverride), int(ListLevel),
+                               int(ListStart), int(ListTextBefore), int(ListTextAfter)})
+        format.clearProperty(property);
+    if (bullet) {
+        format.setProperty(BulletText, QStringLiteral("\u2022"));
+        format.setProperty(ListKind, int(ListKinds::Bullet));
+    }
+    return format;
+}
+
+QTextCharFormat TextOnlyFormat(const QTextCharFormat& format) {
+    if (!format.hasProperty(QTextFormat::ObjectType) && !format.hasProperty(EmbeddedObject))
+        return format;
+    QTextCharFormat text = format;
+    for (const int property :
+         {int(QTextFormat::ObjectType), int(QTextFormat::ObjectIndex), int(QTextFormat::ImageName),
+          int(QTextFormat::ImageWidth), int(QTextFormat::ImageHeight), int(QTextFormat::ImageQuality),
+          int(EmbeddedObject), int(ObjectNumber), int(PictureWidth), int(PictureHeight)})
+        text.clearProperty(property);
+    return text;
+}
+
+void PartBreaks(const QTextBlock& first, const QTextBlock& last) {
+    if (!first.isValid() || first == last)
+        return;
+    QTextCursor cursor(first);
+    cursor.beginEditBlock();
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        if (block != first)
+            format.clearProperty(QTextFormat::PageBreakPolicy);
+        if (block != last)
+            format.clearProperty(SectionBreak);
+        if (format != block.blockFormat()) {
+            cursor.setPosition(block.position());
+            cursor.setBlockFormat(format);
+        }
+        if (block == last)
+            break;
+    }
+    cursor.endEditBlock();
+}
+
+} // namespace platform
