@@ -2,6 +2,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -152,7 +153,7 @@ bool RichTextBox::IsPristine() const {
 // A new document costs less than changing the one that is laid out.
 void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange) {
     Edit edit(*this);
-    QTextDocument* const old = QTextEdit::document();
+    const QPointer<QTextDocument> old = QTextEdit::document(); // QTextEdit itself ends the first one
     QTextDocument* const shown = document.release();
     shown->setUndoRedoEnabled(false);
     shown->setDefaultFont(font());
@@ -175,8 +176,8 @@ void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool 
     setTextCursor(QTextCursor(shown));    // without the format that the old caret had
     connect(shown, &QTextDocument::contentsChange, this, &RichTextBox::OnContentsChange);
     m_changedFrom = -1;
-    old->disconnect(this);
-    if (old->parent() == this) {
+    if (old) {
+        old->disconnect(this);
         if (m_signalDepth > 0)
             old->deleteLater(); // it may be telling of its change just now
         else

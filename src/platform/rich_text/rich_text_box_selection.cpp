@@ -3,7 +3,6 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -240,10 +239,9 @@ std::optional<double> RichTextBox::SelFontSize() const {
 bool RichTextBox::setSelFontSize(double points) {
     if (!(points > 0 && points <= kMostPoints))
         return false;
-    const double size = std::max(0.5, std::round(points * 2) / 2); // as files have it
     QTextCharFormat change;
-    change.setFontPointSize(size);
-    return SetCharFormat(change, SelFontSize() == size);
+    change.setFontPointSize(points);
+    return SetCharFormat(change, SelFontSize() == points);
 }
 
 std::optional<bool> RichTextBox::SelBold() const {

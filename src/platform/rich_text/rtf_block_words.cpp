@@ -128,8 +128,9 @@ QByteArray OldListGroup(const QTextBlockFormat& format, bool inSymbols) {
         before = marker;
     out.Raw("{\\*\\pn");
     out.Words(OldListWords(kind));
-    if (format.hasProperty(ListStart) || kind != ListKinds::Bullet)
-        out.Word("\\pnstart", format.hasProperty(ListStart) ? format.intProperty(ListStart) : 1);
+    const int start = format.hasProperty(ListStart) ? format.intProperty(ListStart) : 1;
+    if (start != 1 || kind != ListKinds::Bullet)
+        out.Word("\\pnstart", start);
     if (const int indent = -Twips(format.textIndent()); indent > 0)
         out.Word("\\pnindent", indent);
     const auto writeText = [&out, inSymbols](const char* start, const QString& text) {
