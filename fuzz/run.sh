@@ -10,6 +10,7 @@ if [ $# -eq 0 ]; then
     set -- $(cd fuzz && ls ./*_fuzz.cpp | sed 's|^\./||; s|\.cpp$||')
 fi
 
+mkdir -p build
 cmake --preset fuzz >build/fuzz.configure.log 2>&1 || { cat build/fuzz.configure.log; exit 2; }
 cmake --build build/fuzz --target "$@" || exit 2
 

@@ -1,1 +1,24 @@
-int main() { return 0; }
+#include "app/program.h"
+#include "appearance/look.h"
+#include "platform/desktop/message_box.h"
+#include "platform/desktop/single_instance.h"
+#include "platform/services.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quillbrook"));
+    QApplication::setApplicationDisplayName(QString());
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.quillbrook.Quillbrook"));
+    quillbrook::ApplyLook(application);
+
+    platform::DesktopMessageBox messageBox;
+    platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"));
+    platform::Services services{messageBox, instance};
+
+    quillbrook::frmProgram program(services, QApplication::applicationDirPath());
+    if (!program.Start())
+        return 0;
+    return QApplication::exec();
+}

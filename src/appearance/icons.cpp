@@ -1,0 +1,86 @@
+#include "appearance/icons.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPalette>
+#include <QSvgRenderer>
+
+// a static library's resources join the program only when they are asked for, outside of any namespace
+static void LoadAssets() {
+    Q_INIT_RESOURCE(assets);
+}
+
+namespace quillbrook {
+
+namespace {
+
+// The two colours in which the pictures are drawn in their files.
+constexpr char kLineInFile[] = "#3c4450";
+constexpr char kAccentInFile[] = "#2f6fde";
+
+class PictureEngine final : public QIconEngine {
+public:
+    explicit PictureEngine(QByteArray source)
+        : m_source(std::move(source)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        painter->save();
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(painter->opacity() * 0.35);
+        Renderer().render(painter, rect);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return drawn;
+    }
+
+    QIconEngine* clone() const override { return new PictureEngine(m_source); }
+
+private:
+    // The picture in the palette's colours; drawn anew when they change, as on a switch to a dark desktop.
+    QSvgRenderer& Renderer() {
+        const QPalette palette = QGuiApplication::palette();
+        const bool dark = palette.color(QPalette::Window).lightness() < 128;
+        if (!m_renderer || dark != m_dark) {
+            m_dark = dark;
+            QByteArray source = m_source;
+            if (dark) {
+                source.replace(kLineInFile, "#d5dae2");
+                source.replace(kAccentInFile, "#7fb0ff");
+            }
+            m_renderer = std::make_unique<QSvgRenderer>(source);
+        }
+        return *m_renderer;
+    }
+
+    QByteArray m_source;
+    std::unique_ptr<QSvgRenderer> m_renderer;
+    bool m_dark = false;
+};
+
+QIcon PictureFromFile(const QString& path) {
+    LoadAssets();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QIcon(new PictureEngine(file.readAll()));
+}
+
+} // namespace
+
+QIcon Picture(const QString& name) {
+    return PictureFromFile(QStringLiteral(":/icons/") + name + QStringLiteral(".svg"));
+}
+
+QIcon ProgramPicture() {
+    return PictureFromFile(QStringLiteral(":/quillbrook.svg"));
+}
+
+} // namespace quillbrook

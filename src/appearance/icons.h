@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace quillbrook {
+
+// The program's own picture of this name (assets/icons/NAME.svg), drawn sharp at any size and scale, in the
+// colours of the palette at the time of drawing; faded where its control is disabled. An unknown name gives
+// an empty picture.
+QIcon Picture(const QString& name);
+
+// The program's picture for the window list and the desktop.
+QIcon ProgramPicture();
+
+} // namespace quillbrook

@@ -1,0 +1,93 @@
+#include "appearance/look.h"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace quillbrook {
+
+namespace {
+
+constexpr char kAccent[] = "#2f6fde";
+
+QString Hex(const QColor& color) {
+    return color.name(QColor::HexRgb);
+}
+
+QColor Mix(const QColor& a, const QColor& b, double share) {
+    const auto part = [share](int x, int y) { return int(std::lround(x + (y - x) * share)); };
+    return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
+}
+
+QString StyleRules(const QPalette& palette, const QFont& font) {
+    const double size = QFontInfo(font).pointSizeF();
+    const QColor ground = palette.color(QPalette::Window);
+    const QColor ink = palette.color(QPalette::WindowText);
+    const QColor paper = palette.color(QPalette::Base);
+    const QColor accent(kAccent);
+
+    // %1 frame ground, %2 soft edge, %3 accent, %4 hover ground, %5 calm ink, %6 ink, %7 paper, %8 and %9
+    // sizes of headings and captions of frames
+    return QStringLiteral(R"(
+        platform--Frame {
+            background: %1; border: 1px solid %2; border-radius: 6px;
+            margin-top: 0px; padding-top: 18px; color: %5; font-size: %9pt;
+        }
+        platform--Frame::title {
+            subcontrol-origin: border; subcontrol-position: top left; left: 8px; top: 2px; color: %5;
+        }
+        platform--MyButton {
+            border: 1px solid transparent; border-radius: 4px; padding: 1px 8px; color: %6; background: transparent;
+        }
+        platform--MyButton:hover { border-color: %2; background: %4; }
+        platform--MyButton:focus { border-color: %3; }
+        platform--MyButton:pressed { background: %2; }
+        platform--MyButton:checked { background: %3; border-color: %3; color: white; }
+        platform--MyButton:disabled { color: %5; }
+        platform--MyButton[kind="plain"] { background: %7; border-color: %2; }
+        platform--MyButton[kind="plain"]:hover { background: %4; }
+        platform--MyButton[kind="plain"]:focus { border-color: %3; }
+        platform--MyButton[kind="toggle"] { padding: 0px 4px; }
+        platform--MyButton#btnMyForms { border-color: %2; padding: 1px 8px; }
+        platform--ListBox {
+            background: %7; border: 1px solid %2; border-radius: 4px; outline: none; padding: 2px; color: %6;
+        }
+        platform--ListBox:focus { border-color: %3; }
+        platform--ListBox::item { border-radius: 3px; padding: 2px 4px; }
+        platform--ListBox::item:hover { background: %4; color: %6; }
+        platform--ListBox::item:selected { background: %3; color: white; }
+        platform--RichTextBox { background: %7; border: 1px solid %2; border-radius: 2px; }
+        platform--RichTextBox:focus { border-color: %3; }
+        platform--RichTextBox#txtMyContent { border: 2px inset %2; }
+        QWidget#picLeftToolbar { background: %1; border-right: 1px solid %2; }
+        QWidget#StatusBar1 { background: %1; border-top: 1px solid %2; }
+        QWidget#StatusBar1 QPushButton {
+            border: 1px solid transparent; border-radius: 3px; padding: 0px 8px; text-align: left; color: %6;
+        }
+        QWidget#StatusBar1 QPushButton:hover { background: %4; border-color: %2; }
+        QWidget#StatusBar1 QPushButton:focus { border-color: %3; }
+        QLabel#lblQuillbrook, QLabel#lblSearch, QLabel#lblFavorites, QLabel#lblHistory {
+            font-size: %8pt; font-weight: 600; color: %6; padding-left: 2px;
+        }
+    )")
+        .arg(Hex(Mix(ground, paper, 0.35)), Hex(Mix(ground, ink, 0.22)), Hex(accent),
+             Hex(Mix(paper, accent, 0.12)), Hex(Mix(ground, ink, 0.66)), Hex(ink), Hex(paper),
+             QString::number(size * 1.3, 'f', 1), QString::number(size * 0.92, 'f', 1));
+}
+
+} // namespace
+
+void ApplyLook(QApplication& application) {
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QPalette palette = application.palette();
+    palette.setColor(QPalette::Highlight, QColor(kAccent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     Mix(palette.color(QPalette::Base), QColor(kAccent), 0.3));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));
+    application.setPalette(palette);
+    application.setStyleSheet(StyleRules(palette, application.font()));
+}
+
+} // namespace quillbrook

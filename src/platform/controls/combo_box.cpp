@@ -1,0 +1,83 @@
+#include "platform/controls/combo_box.h"
+
+#include "platform/controls/list_model.h"
+
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace platform {
+
+ComboBox::ComboBox(bool sorted, bool editable, QWidget* parent)
+    : QComboBox(parent)
+    , m_model(new ListModel(sorted, this)) {
+    setModel(m_model);
+    setEditable(editable);
+    setInsertPolicy(QComboBox::NoInsert);
+    if (editable)
+        setCompleter(nullptr); // what is typed stays as typed
+    connect(this, &QComboBox::activated, this, &ComboBox::Click);
+}
+
+void ComboBox::AddItem(const QString& text) {
+    const QString shown = Text();
+    const QSignalBlocker quiet(this);
+    m_model->Insert(text);
+    setText(shown); // the first entry added would select itself
+}
+
+void ComboBox::AddItems(const QStringList& texts) {
+    const QString shown = Text();
+    const QSignalBlocker quiet(this);
+    m_model->InsertAll(texts);
+    setText(shown);
+}
+
+void ComboBox::SetItems(const QStringList& items) {
+    const QString shown = Text();
+    const QSignalBlocker quiet(this);
+    m_model->Replace(items);
+    setText(shown);
+}
+
+void ComboBox::Clear() {
+    const QSignalBlocker quiet(this);
+    m_model->Clear();
+    setText(QString());
+}
+
+int ComboBox::ListCount() const {
+    return m_model->Count();
+}
+
+QString ComboBox::List(int index) const {
+    return index >= 0 && index < ListCount() ? m_model->At(index) : QString();
+}
+
+QStringList ComboBox::Items() const {
+    QStringList items;
+    for (int i = 0; i < ListCount(); ++i)
+        items.append(m_model->At(i));
+    return items;
+}
+
+QString ComboBox::Text() const {
+    return currentText();
+}
+
+void ComboBox::setText(const QString& text) {
+    if (!isEditable()) {
+        setCurrentIndex(text.isEmpty() ? -1 : m_model->Find(text));
+        return;
+    }
+    if (lineEdit()->text() != text)
+        lineEdit()->setText(text);
+}
+
+void ComboBox::setListIndex(int index) {
+    if (index < 0 || index >= ListCount())
+        return;
+    setCurrentIndex(index);
+    Q_EMIT Click();
+}
+
+} // namespace platform

@@ -1,0 +1,55 @@
+#include "platform/controls/hyper_label.h"
+
+#include <QDesktopServices>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+namespace platform {
+
+HyperLabel::HyperLabel(const QString& caption, const QUrl& target, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_target(target) {
+    setText(caption);
+    setToolTip(target.toDisplayString());
+    setCursor(Qt::PointingHandCursor);
+    setFocusPolicy(Qt::StrongFocus);
+    // a desktop with nothing registered for the target opens nothing and says nothing
+    connect(this, &QAbstractButton::clicked, this, [this] { QDesktopServices::openUrl(m_target); });
+}
+
+QSize HyperLabel::sizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    return {metrics.horizontalAdvance(text()) + 8, metrics.height() + 6};
+}
+
+void HyperLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    QFont shown = font();
+    shown.setUnderline(underMouse());
+    painter.setFont(shown);
+    painter.setPen(palette().color(QPalette::Link));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        option.rect = rect();
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+}
+
+void HyperLabel::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void HyperLabel::enterEvent(QEnterEvent*) {
+    update();
+}
+void HyperLabel::leaveEvent(QEvent*) {
+    update();
+}
+
+} // namespace platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QUrl>
+
+namespace platform {
+
+// A caption that opens its target on the desktop when clicked, or by Space or Enter while it has the focus.
+class HyperLabel final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    HyperLabel(const QString& caption, const QUrl& target, QWidget* parent = nullptr);
+
+    QUrl Target() const { return m_target; }
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    QUrl m_target;
+};
+
+} // namespace platform

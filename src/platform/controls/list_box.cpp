@@ -1,0 +1,142 @@
+#include "platform/controls/list_box.h"
+
+#include "platform/controls/list_model.h"
+
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace platform {
+
+ListBox::ListBox(bool sorted, QWidget* parent)
+    : QListView(parent)
+    , m_model(new ListModel(sorted, this)) {
+    setModel(m_model);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideRight);
+    setMouseTracking(true);
+    setTabKeyNavigation(false);
+}
+
+void ListBox::WrapEntries() {
+    m_wraps = true;
+    setResizeMode(QListView::Adjust);
+    FitEntries();
+}
+
+// Measuring each entry of a very long list would be felt.
+void ListBox::FitEntries() {
+    constexpr int kMostEntriesToMeasure = 1000;
+    const bool wraps = m_wraps && ListCount() <= kMostEntriesToMeasure;
+    setUniformItemSizes(!wraps);
+    setWordWrap(wraps);
+    setTextElideMode(wraps ? Qt::ElideNone : Qt::ElideRight);
+}
+
+void ListBox::AddItem(const QString& text) {
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_model->Insert(text);
+    FitEntries();
+}
+
+void ListBox::AddItems(const QStringList& texts) {
+    const QScopedValueRollback quiet(m_quiet, true);
+    const QString selected = Text();
+    const bool hadSelection = ListIndex() >= 0;
+    m_model->InsertAll(texts);
+    FitEntries();
+    if (hadSelection)
+        setCurrentIndex(m_model->index(m_model->Find(selected)));
+}
+
+void ListBox::RemoveItem(int index) {
+    const QScopedValueRollback quiet(m_quiet, true);
+    // removing the selected entry selects none, not its neighbour
+    if (index == ListIndex())
+        setCurrentIndex({});
+    m_model->Remove(index);
+}
+
+void ListBox::Clear() {
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_model->Clear();
+}
+
+int ListBox::ListCount() const {
+    return m_model->Count();
+}
+
+QString ListBox::List(int index) const {
+    return index >= 0 && index < ListCount() ? m_model->At(index) : QString();
+}
+
+QStringList ListBox::Items() const {
+    QStringList items;
+    items.reserve(ListCount());
+    for (int i = 0; i < ListCount(); ++i)
+        items.append(m_model->At(i));
+    return items;
+}
+
+void ListBox::SetItems(const QStringList& items) {
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_model->Replace(items);
+    FitEntries();
+}
+
+QString ListBox::Text() const {
+    return List(ListIndex());
+}
+
+void ListBox::setText(const QString& text) {
+    setListIndex(m_model->Find(text));
+}
+
+int ListBox::ListIndex() const {
+    return currentIndex().isValid() ? currentIndex().row() : -1;
+}
+
+void ListBox::setListIndex(int index) {
+    if (index < 0 || index >= ListCount())
+        return;
+    {
+        const QScopedValueRollback quiet(m_quiet, true);
+        setCurrentIndex(m_model->index(index));
+    }
+    Q_EMIT Click();
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event) {
+    // only the left button chooses; the space below the entries keeps what was chosen
+    if (event->button() != Qt::LeftButton || !indexAt(event->position().toPoint()).isValid()) {
+        event->accept();
+        return;
+    }
+    m_mouseDown = true;
+    QListView::mousePressEvent(event);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    if (!m_mouseDown || event->button() != Qt::LeftButton)
+        return;
+    m_mouseDown = false;
+    if (currentIndex().isValid())
+        Q_EMIT Click();
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    QListView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+        Q_EMIT DoubleClick();
+}
+
+void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QListView::currentChanged(current, previous);
+    if (!m_quiet && !m_mouseDown && current.isValid())
+        Q_EMIT Click();
+}
+
+} // namespace platform

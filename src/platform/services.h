@@ -1,0 +1,53 @@
+// What the program asks of the world outside its window and its files: interfaces, so that a test can script
+// the answers. The real ones are in platform/desktop/.
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace platform {
+
+enum class MessageIcon { Information, Question, Exclamation, Critical };
+enum class MessageButtons { Ok, YesNo };
+enum class MessageAnswer { Ok, Yes, No };
+
+class MessageBoxService {
+public:
+    virtual ~MessageBoxService() = default;
+
+    // Shows a modal message box and waits for its answer. Closing a Yes and No box by Escape is No.
+    virtual MessageAnswer Show(QWidget* parent, const QString& text, MessageButtons buttons, MessageIcon icon,
+                               const QString& title) = 0;
+};
+
+// Tells apart the first process of the program in a user's session and the later ones.
+class InstanceService {
+public:
+    virtual ~InstanceService() = default;
+
+    // Whether another process of this program runs.
+    virtual bool EarlierInstanceRuns() = 0;
+
+    // The title under which a later process finds this one.
+    virtual QString ApplicationTitle() const = 0;
+    virtual void SetApplicationTitle(const QString& title) = 0;
+
+    // Looks for a process of the given title other than this one; if there is one, its window comes back from
+    // its minimised state and to the front. False when there is none.
+    virtual bool BringForward(const QString& title) = 0;
+
+    // Names the window that BringForward of a later process shall bring to the front.
+    virtual void SetWindow(QWidget* window) = 0;
+
+    // Ends this process at once, with none of the steps of a normal exit.
+    virtual void EndProcess() = 0;
+};
+
+// References to one of each; they outlive every window.
+struct Services {
+    MessageBoxService& messageBox;
+    InstanceService& instance;
+};
+
+} // namespace platform

@@ -1,0 +1,81 @@
+#include "platform/controls/combo_box.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using platform::ComboBox;
+
+class ComboBoxTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void FillingChangesNoTextAndRaisesNothing() {
+        ComboBox box(true, true);
+        QSignalSpy clicks(&box, &ComboBox::Click);
+        box.setText(u"typed"_qs);
+        box.AddItems({u"b"_qs, u"a"_qs});
+        box.AddItem(u"c"_qs);
+        QCOMPARE(box.Items(), QStringList({u"a"_qs, u"b"_qs, u"c"_qs}));
+        QCOMPARE(box.Text(), u"typed"_qs);
+        QCOMPARE(clicks.size(), 0);
+    }
+
+    void AnUnsortedBoxKeepsTheOrderOfInsertion() {
+        ComboBox box(false, true);
+        box.AddItem(u"b"_qs);
+        box.AddItem(u"a"_qs);
+        QCOMPARE(box.Items(), QStringList({u"b"_qs, u"a"_qs}));
+        QCOMPARE(box.List(1), u"a"_qs);
+        QCOMPARE(box.List(2), QString());
+    }
+
+    void EmptyingTakesTheTextToo() {
+        ComboBox box(true, true);
+        box.AddItem(u"a"_qs);
+        box.setText(u"a"_qs);
+        box.Clear();
+        QCOMPARE(box.ListCount(), 0);
+        QCOMPARE(box.Text(), QString());
+    }
+
+    void SelectingAnIndexShowsItAndRaisesClick() {
+        ComboBox box(false, true);
+        box.AddItems({u"8"_qs, u"10"_qs});
+        QSignalSpy clicks(&box, &ComboBox::Click);
+        box.setListIndex(1);
+        QCOMPARE(box.Text(), u"10"_qs);
+        QCOMPARE(clicks.size(), 1);
+        box.setListIndex(2);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void WritingAnEqualTextLeavesTheCaretWhereItIs() {
+        ComboBox box(false, true);
+        box.setText(u"lease contract"_qs);
+        box.lineEdit()->setCursorPosition(5);
+        box.setText(u"lease contract"_qs);
+        QCOMPARE(box.lineEdit()->cursorPosition(), 5);
+    }
+
+    void WhatIsTypedStaysAsTypedAndJoinsNoList() {
+        ComboBox box(true, true);
+        box.AddItem(u"Deeds"_qs);
+        box.show();
+        QTest::keyClicks(box.lineEdit(), u"deed"_qs);
+        QTest::keyClick(box.lineEdit(), Qt::Key_Return);
+        QCOMPARE(box.Text(), u"deed"_qs);
+        QCOMPARE(box.ListCount(), 1);
+    }
+
+    void ABoxWithoutTypingShowsOnlyItsEntries() {
+        ComboBox box(false, false);
+        box.AddItems({u"a"_qs, u"b"_qs});
+        box.setText(u"b"_qs);
+        QCOMPARE(box.Text(), u"b"_qs);
+        box.setText(u"none of them"_qs);
+        QCOMPARE(box.Text(), QString());
+    }
+};
+
+QTEST_MAIN(ComboBoxTest)
+#include "combo_box_test.moc"

@@ -1,0 +1,167 @@
+#include "platform/controls/list_box.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using platform::ListBox;
+
+class ListBoxTest : public QObject {
+    Q_OBJECT
+
+    static void ClickEntry(ListBox& list, int row, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(list.viewport(), button, Qt::NoModifier,
+                          list.visualRect(list.model()->index(row, 0)).center());
+    }
+
+private Q_SLOTS:
+    void ASortedListKeepsItsEntriesInAlphabeticalOrder() {
+        ListBox list(true);
+        for (const QString& text : {u"Deed"_qs, u"affidavit"_qs, u"Élan"_qs, u"Zoning"_qs, u"Easement"_qs})
+            list.AddItem(text);
+        QCOMPARE(list.Items(),
+                 QStringList({u"affidavit"_qs, u"Deed"_qs, u"Easement"_qs, u"Élan"_qs, u"Zoning"_qs}));
+    }
+
+    void ManyEntriesAtOnceStandAsOneAfterTheOther() {
+        const QStringList texts{u"b"_qs, u"C"_qs, u"a"_qs, u"B"_qs, u"a"_qs};
+        ListBox one(true);
+        for (const QString& text : texts)
+            one.AddItem(text);
+        ListBox many(true);
+        many.AddItems(texts);
+        QCOMPARE(many.Items(), one.Items());
+    }
+
+    void AnUnsortedListKeepsTheOrderOfInsertion() {
+        ListBox list(false);
+        list.AddItem(u"b"_qs);
+        list.AddItem(u"a"_qs);
+        QCOMPARE(list.Items(), QStringList({u"b"_qs, u"a"_qs}));
+    }
+
+    void NothingIsSelectedAtFirst() {
+        ListBox list(true);
+        list.AddItem(u"a"_qs);
+        QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(list.Text(), QString());
+    }
+
+    void SelectingByTextRaisesClickOnce() {
+        ListBox list(true);
+        list.AddItems({u"a"_qs, u"b"_qs});
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.setText(u"b"_qs);
+        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(list.ListIndex(), 1);
+        list.setText(u"B"_qs);
+        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(list.Text(), u"b"_qs);
+    }
+
+    void AnIndexOutsideTheListSelectsAndRaisesNothing() {
+        ListBox list(true);
+        list.AddItem(u"a"_qs);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.setListIndex(1);
+        list.setListIndex(-1);
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(list.List(5), QString());
+    }
+
+    void TheSelectedEntryClickedAgainRaisesClickAgain() {
+        ListBox list(true);
+        list.AddItem(u"a"_qs);
+        list.setListIndex(0);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.setListIndex(0);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void FillingAndEmptyingRaiseNothing() {
+        ListBox list(true);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.AddItems({u"b"_qs, u"c"_qs});
+        list.setListIndex(0);
+        list.AddItem(u"a"_qs);
+        QCOMPARE(list.Text(), u"b"_qs);
+        list.RemoveItem(1);
+        QCOMPARE(list.ListIndex(), -1);
+        list.Clear();
+        QCOMPARE(list.ListCount(), 0);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void TheMouseChoosesWhenTheButtonIsLetGo() {
+        ListBox list(true);
+        list.AddItems({u"a"_qs, u"b"_qs, u"c"_qs});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
+        QTest::mousePress(list.viewport(), Qt::LeftButton, Qt::NoModifier, second);
+        QCOMPARE(clicks.size(), 0);
+        QTest::mouseRelease(list.viewport(), Qt::LeftButton, Qt::NoModifier, second);
+        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(list.Text(), u"b"_qs);
+        ClickEntry(list, 1);
+        QCOMPARE(clicks.size(), 2);
+    }
+
+    void OtherButtonsAndTheGroundBelowTheEntriesChooseNothing() {
+        ListBox list(true);
+        list.AddItem(u"a"_qs);
+        list.resize(200, 200);
+        list.show();
+        list.setListIndex(0);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        ClickEntry(list, 0, Qt::RightButton);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, {20, 150});
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(list.Text(), u"a"_qs);
+    }
+
+    void AnArrowKeyChoosesAtOnce() {
+        ListBox list(true);
+        list.AddItems({u"a"_qs, u"b"_qs});
+        list.show();
+        list.setListIndex(0);
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(list.Text(), u"b"_qs);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void ATypedLetterChoosesTheNextEntryThatBeginsWithIt() {
+        ListBox list(true);
+        list.AddItems({u"Affidavits"_qs, u"Deeds"_qs, u"Motions"_qs});
+        list.show();
+        QTest::keyClick(&list, Qt::Key_M);
+        QCOMPARE(list.Text(), u"Motions"_qs);
+    }
+
+    void ADoubleClickIsToldBesideTheClicks() {
+        ListBox list(true);
+        list.AddItem(u"a"_qs);
+        list.show();
+        QSignalSpy doubles(&list, &ListBox::DoubleClick);
+        const QPoint first = list.visualRect(list.model()->index(0, 0)).center();
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, first);
+        QCOMPARE(doubles.size(), 1);
+    }
+
+    void TabLeavesTheList() {
+        QWidget window;
+        ListBox list(true, &window);
+        list.AddItem(u"a"_qs);
+        QLineEdit next(&window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        list.setFocus();
+        QTest::keyClick(&list, Qt::Key_Tab);
+        QVERIFY(next.hasFocus());
+    }
+};
+
+QTEST_MAIN(ListBoxTest)
+#include "list_box_test.moc"
