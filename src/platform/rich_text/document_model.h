@@ -70,7 +70,7 @@ enum CharProperty {
 };
 
 // Properties of paragraphs. Qt's own carry alignment, margins, first-line indent, spacing, line height, tab
-// stops, page break before, keep together.
+// stops, page break before.
 enum BlockProperty {
     BulletText =
         QTextFormat::UserProperty + 101, // QString: the marker as shown (a bullet, "1.", "(a)"); set on
@@ -90,6 +90,7 @@ enum BlockProperty {
     RightToLeft,      // bool (\rtlpar)
     SectionBreak, // QByteArray: section control words that follow this paragraph (\sect and what it resets)
     Filler, // bool: an empty block that Qt needs beside a table; no paragraph of the file while it is empty
+    KeepTogether, // bool: all lines on one page (\keep)
 };
 
 // Properties of table cells and tables.

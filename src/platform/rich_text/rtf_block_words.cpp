@@ -148,7 +148,7 @@ QByteArray OldListGroup(const QTextBlockFormat& format, bool inSymbols) {
 }
 
 void WriteFlags(const QTextBlockFormat& format, RtfOutput& out) {
-    if (format.nonBreakableLines())
+    if (format.boolProperty(KeepTogether))
         out.Words("\\keep");
     if (format.boolProperty(KeepWithNext))
         out.Words("\\keepn");

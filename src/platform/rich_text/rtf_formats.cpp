@@ -230,8 +230,6 @@ QTextBlockFormat RtfFormats::Make(const RtfParaState& state) {
     setLength(&QTextBlockFormat::setBottomMargin, state.after);
     SetLineHeight(state, format);
     SetTabs(state, format);
-    if (state.keepTogether)
-        format.setNonBreakableLines(true);
     if (state.pageBreakBefore)
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     if (state.rightToLeft) {
@@ -245,6 +243,7 @@ QTextBlockFormat RtfFormats::Make(const RtfParaState& state) {
         if (told)
             format.setProperty(property, value);
     };
+    keep(KeepTogether, true, state.keepTogether);
     keep(KeepWithNext, true, state.keepWithNext);
     keep(WidowControl, true, state.widowControl);
     keep(ParagraphStyle, state.style, state.style != 0);

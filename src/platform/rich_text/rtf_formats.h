@@ -133,6 +133,9 @@ public:
     // Number of the format in At().
     int Index(const RtfCharState& state);
 
+    // The tables have changed: what a state means is found out anew.
+    void ForgetStates() { m_indices.clear(); }
+
     // Number of a format that is like no other: a picture, a kept object.
     int Add(const QTextCharFormat& format);
 

@@ -411,6 +411,12 @@ int RtfReader::CharFormat() {
     return m_lastFormat;
 }
 
+// A font or colour table tells what the numbers of the formats are.
+void RtfReader::ForgetFormats() {
+    m_formats.ForgetStates();
+    m_lastFormat = -1;
+}
+
 int RtfReader::Twips() const {
     return std::clamp(m_token.parameter, -kMostTwips, kMostTwips);
 }

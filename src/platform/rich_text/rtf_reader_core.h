@@ -123,6 +123,7 @@ private:
     QByteArray KeepGroup();
     QByteArray SourceFrom(qsizetype begin) const;
     int CharFormat();
+    void ForgetFormats();
     void ChooseDecoder();
     bool InBody() const { return m_state.destination == RtfDestination::Body; }
     int Parameter(int otherwise) const { return m_token.hasParameter ? m_token.parameter : otherwise; }

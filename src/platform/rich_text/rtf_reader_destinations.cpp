@@ -105,9 +105,11 @@ void RtfReader::KeepTable(const State& closed) {
     switch (closed.destination) {
     case RtfDestination::FontTable:
         m_documentValues.insert(FontTable, SourceFrom(closed.begin));
+        ForgetFormats();
         break;
     case RtfDestination::ColorTable:
         m_documentValues.insert(ColorTable, SourceFrom(closed.begin));
+        ForgetFormats();
         break;
     case RtfDestination::StyleSheet:
         m_documentValues.insert(StyleSheet, SourceFrom(closed.begin));

@@ -152,6 +152,8 @@ void RtfReader::OnSectionControl(const Word&) {
 
 void RtfReader::OnDefaultFont(const Word&) {
     m_tables.defaultFont = std::max(0, m_token.parameter);
+    m_documentValues.insert(DefaultFont, m_tables.defaultFont);
+    ForgetFormats();
 }
 
 } // namespace platform

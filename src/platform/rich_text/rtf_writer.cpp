@@ -1,5 +1,6 @@
 #include "platform/rich_text/rtf_writer.h"
 
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -23,6 +24,13 @@ std::unique_ptr<QTextDocument> DocumentOf(const QTextCursor& selection) {
     document->setUndoRedoEnabled(false);
     document->setDefaultFont(from.defaultFont());
     QTextCursor(document.get()).insertFragment(selection.selection());
+    // a paragraph that is selected in part keeps its format
+    if (const QTextBlock first = from.findBlock(selection.selectionStart());
+        from.frameAt(first.position()) == from.rootFrame() && document->frameAt(0) == document->rootFrame()) {
+        QTextCursor target(document.get());
+        target.setBlockFormat(first.blockFormat());
+        target.setBlockCharFormat(first.charFormat());
+    }
     const QTextFrameFormat kept = from.rootFrame()->frameFormat();
     QTextFrameFormat format = document->rootFrame()->frameFormat();
     for (const int property : kPropertiesOfSelection) {

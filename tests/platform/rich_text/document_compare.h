@@ -105,7 +105,7 @@ inline QString BlockFacts(const QTextBlockFormat& format) {
         QStringLiteral("below ") + length(format.bottomMargin()),
         QStringLiteral("line %1 %2").arg(format.lineHeightType()).arg(format.lineHeight(), 0, 'f', 2),
         QStringLiteral("keep %1 break %2 direction %3")
-            .arg(format.nonBreakableLines())
+            .arg(format.boolProperty(KeepTogether))
             .arg(static_cast<int>(format.pageBreakPolicy()))
             .arg(format.layoutDirection() == Qt::RightToLeft),
         QStringLiteral("behind ") +

@@ -111,7 +111,7 @@ public:
         if (OneIn(8))
             format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         if (OneIn(8))
-            format.setNonBreakableLines(true);
+            format.setProperty(KeepTogether, true);
         if (OneIn(8))
             format.setProperty(KeepWithNext, true);
         if (OneIn(8))

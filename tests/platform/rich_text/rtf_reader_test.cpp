@@ -161,6 +161,20 @@ private Q_SLOTS:
         QCOMPARE(FormatAt(*document, 1).fontWeight(), int(QFont::Normal));
     }
 
+    void TextThatTellsNoFontHasTheDefaultOne_data() {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addRow("no words") << QByteArray("x");
+        QTest::addRow("plain") << QByteArray("\\f0\\plain x");
+        QTest::addRow("paragraph") << QByteArray("\\pard x\\par");
+    }
+    void TextThatTellsNoFontHasTheDefaultOne() {
+        QFETCH(QByteArray, body);
+        const auto document = ReadRtf("{\\rtf1\\deff1{\\fonttbl{\\f0 Arial;}{\\f1 Georgia;}}" + body + "}");
+        QCOMPARE(document->begin().begin().fragment().charFormat().fontFamilies().toStringList(),
+                 QStringList(QStringLiteral("Georgia")));
+        QCOMPARE(document->rootFrame()->frameFormat().intProperty(DefaultFont), 1);
+    }
+
     void WordsFormatParagraphs_data() {
         QTest::addColumn<QByteArray>("words");
         QTest::addColumn<int>("property");
@@ -181,7 +195,7 @@ private Q_SLOTS:
         row("\\sl300", QTextFormat::LineHeight, 20.0);
         row("\\sl300", QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight));
         row("\\sl-300", QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight));
-        row("\\keep", QTextFormat::BlockNonBreakableLines, true);
+        row("\\keep", KeepTogether, true);
         row("\\pagebb", QTextFormat::PageBreakPolicy, int(QTextFormat::PageBreak_AlwaysBefore));
         row("\\keepn", KeepWithNext, true);
         row("\\s3", ParagraphStyle, 3);
