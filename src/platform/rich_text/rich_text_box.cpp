@@ -159,10 +159,9 @@ void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool 
     shown->setDefaultFont(font());
     ShowMarkers(*shown, 0, shown->characterCount());
     SetPageMargins(*shown);
-    QTextOption option = shown->defaultTextOption();
-    option.setWrapMode(HasOverlongWord(shown->toRawText()) ? QTextOption::WrapAnywhere
-                                                           : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    shown->setDefaultTextOption(option);
+    old->setPageSize(QSizeF(0, 0)); // not to be laid out again
+    setWordWrapMode(HasOverlongWord(shown->toRawText()) ? QTextOption::WrapAnywhere
+                                                        : QTextOption::WrapAtWordBoundaryOrAnywhere);
     shown->setPageSize(QSizeF(0, 0)); // nothing is laid out before the width is known
     shown->setParent(this);
 

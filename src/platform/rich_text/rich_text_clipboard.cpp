@@ -68,6 +68,11 @@ std::unique_ptr<QTextDocument> HtmlDocument(const QString& html) {
         return nullptr;
     QTextCursor cursor(document.get());
     cursor.beginEditBlock();
+    // text in the source's own lines is broken like any other
+    cursor.select(QTextCursor::Document);
+    QTextBlockFormat wrapped;
+    wrapped.setNonBreakableLines(false);
+    cursor.mergeBlockFormat(wrapped);
     const std::vector<Run> runs = RunsOf(*document);
     for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
         if (!run->format.isImageFormat())

@@ -27,12 +27,9 @@ public:
     int FormatRange(QPainter& painter, const QRect& rectangle, int first, bool render);
 
 private:
-    struct Piece; // from one y to another, and where the text goes on
-
     void LayOut(QPaintDevice& device, double width, double height);
     void ScaleToDevice(double factor);
     void ShrinkPictures(double width, double height);
-    Piece Measure(int first, double height) const;
     int Length() const;
 
     std::unique_ptr<QTextDocument> m_source;
