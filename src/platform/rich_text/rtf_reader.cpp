@@ -124,13 +124,15 @@ void RtfReader::OpenGroup() {
 void RtfReader::CloseGroup() {
     FlushBytes();
     m_bytesToSkip = 0;
-    if (m_states.empty())
+    if (m_states.size() <= 1) {
+        // the file's end; a last paragraph without its \par has the formats that hold here
+        m_done = !m_states.empty();
         return;
+    }
     const State closed = std::move(m_state);
     m_state = std::move(m_states.back());
     m_states.pop_back();
     LeaveGroup(closed);
-    m_done = m_states.empty();
 }
 
 // Takes in what a group told once it is whole.

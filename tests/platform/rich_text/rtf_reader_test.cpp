@@ -161,6 +161,13 @@ private Q_SLOTS:
         QCOMPARE(FormatAt(*document, 1).fontWeight(), int(QFont::Normal));
     }
 
+    void ALastParagraphNeedsNoEndOfItsOwn() {
+        const auto document = ReadRtf(QByteArray("{\\rtf1 a\\par\\qc\\li300 b}"));
+        QCOMPARE(document->blockCount(), 2);
+        QCOMPARE(document->lastBlock().blockFormat().alignment(), Qt::AlignHCenter);
+        QCOMPARE(document->lastBlock().blockFormat().leftMargin(), 20.0);
+    }
+
     void TextThatTellsNoFontHasTheDefaultOne_data() {
         QTest::addColumn<QByteArray>("body");
         QTest::addRow("no words") << QByteArray("x");
