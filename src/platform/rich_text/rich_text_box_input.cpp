@@ -90,9 +90,10 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     if (!event->commitString().isEmpty() && !isReadOnly())
         FreeFiller();
     // a text that is only being composed is none of the document's
-    const int revision = document()->revision();
+    const bool isComposing =
+        event->commitString().isEmpty() && event->replacementLength() == 0 && !textCursor().hasSelection();
     QTextEdit::inputMethodEvent(event);
-    if (document()->revision() == revision)
+    if (isComposing)
         edit.Forget();
 }
 

@@ -185,6 +185,40 @@ void Adapt(QTextDocument& source, QTextDocument& target) {
     }
 }
 
+// The paragraph that takes an insertion, as it was before.
+struct Place {
+    QTextBlockFormat format;
+    bool atStart = false;    // inserted at its start
+    bool isEmpty = false;    // the paragraph
+    bool isAllEmpty = false; // the whole document
+};
+
+// A paragraph's format goes with its end: what stands before the insertion ends with the first inserted
+// paragraph, what stands behind keeps its own end.
+void FormatEnds(const QTextBlock& first, const QTextBlock& last, const QTextDocument& source,
+                const Place& place) {
+    const QTextBlockFormat begin = source.begin().blockFormat();
+    const auto set = [](const QTextBlock& block, const QTextBlockFormat& format) {
+        if (block.blockFormat() != format)
+            QTextCursor(block).setBlockFormat(format);
+    };
+    if (begin.boolProperty(Filler))
+        return;
+    if (first == last) {
+        if (place.isAllEmpty)
+            set(first, begin);
+        return;
+    }
+    QTextBlockFormat before = begin;
+    QTextBlockFormat behind = place.isEmpty ? last.blockFormat() : place.format;
+    if (!place.atStart && place.format.hasProperty(QTextFormat::PageBreakPolicy)) {
+        before.setPageBreakPolicy(place.format.pageBreakPolicy());
+        behind.clearProperty(QTextFormat::PageBreakPolicy);
+    }
+    set(first, before);
+    set(last, behind);
+}
+
 } // namespace
 
 std::unique_ptr<QMimeData> MimeOfSelection(const QTextCursor& selection) {
@@ -241,8 +275,11 @@ void InsertDocument(QTextCursor cursor, QTextDocument& source) {
     cursor.beginEditBlock();
     Adapt(source, target);
     cursor.removeSelectedText();
+    const Place place{cursor.blockFormat(), cursor.atBlockStart(), cursor.block().length() <= 1,
+                      target.isEmpty()};
     const int from = cursor.position();
     cursor.insertFragment(QTextDocumentFragment(&source));
+    FormatEnds(target.findBlock(from), cursor.block(), source, place);
     ShowMarkers(target, from, cursor.position());
     cursor.endEditBlock();
 }

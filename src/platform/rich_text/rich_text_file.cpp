@@ -66,7 +66,7 @@ SaveError SaveErrorFor(QFileDevice::FileError error, const QString& path) {
         return SaveError::PathOrFile;
     if (!folder.isWritable() || (file.exists() && !file.isWritable()))
         return SaveError::PermissionDenied;
-    if (storage.bytesAvailable() == 0)
+    if (storage.bytesTotal() > 0 && storage.bytesAvailable() == 0)
         return SaveError::DiskFull;
     return error == QFileDevice::WriteError ? SaveError::DeviceIo : SaveError::PathOrFile;
 }

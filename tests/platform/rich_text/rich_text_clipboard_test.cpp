@@ -1,0 +1,251 @@
+// Copying from and pasting into the rich text box.
+#include "platform/rich_text/rich_text_clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTemporaryFile>
+#include <QTest>
+
+#include "platform/rich_text/rich_text_box.h"
+
+using platform::RichTextBox;
+
+namespace {
+
+constexpr const char* kRtfNames[] = {"text/rtf", "application/rtf", "text/richtext"};
+
+void PutOnClipboard(const char* name, const QByteArray& bytes) {
+    auto* data = new QMimeData;
+    data->setData(QLatin1String(name), bytes);
+    QGuiApplication::clipboard()->setMimeData(data);
+}
+
+const QMimeData& Clipboard() {
+    return *QGuiApplication::clipboard()->mimeData();
+}
+
+void Select(RichTextBox& box, int start, int length) {
+    box.setSelStart(start);
+    box.setSelLength(length);
+}
+
+} // namespace
+
+class RichTextClipboardTest final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QGuiApplication::clipboard()->clear(); }
+
+    void CopyGivesRichTextHtmlAndPlainText() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 one \\b two\\b0\\par\\qc three}"));
+        Select(box, 4, 6);
+        box.copy();
+        for (const char* name : kRtfNames) {
+            RichTextBox other;
+            QVERIFY(other.setTextRTF(Clipboard().data(QLatin1String(name))));
+            QCOMPARE(other.Text(), QStringLiteral("two\nth"));
+            Select(other, 0, 3);
+            QCOMPARE(other.SelBold(), true);
+        }
+        QCOMPARE(Clipboard().text(), QStringLiteral("two\nth"));
+        QVERIFY(Clipboard().html().contains(QStringLiteral("two")));
+    }
+
+    void CopyOfNothingLeavesTheClipboard() {
+        QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
+        RichTextBox box;
+        box.setText(QStringLiteral("text"));
+        QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(Clipboard().text(), QStringLiteral("kept"));
+    }
+
+    void CutAndPasteBringTheTextBack() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\pard a\\par\\b\\qc b\\par\\pard\\plain c\\par}"));
+        const QString source = box.TextRTF();
+        Select(box, 2, 2);
+        QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+        QCOMPARE(box.Text(), QStringLiteral("a\nc"));
+        QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box.Text(), QStringLiteral("a\nb\nc"));
+        QCOMPARE(box.TextRTF(), source);
+        QCOMPARE(box.SelStart(), 4);
+    }
+
+    void ParagraphsPastedWithinAParagraphLeaveItsEndAsItWas() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\pard\\pagebb\\qr abcd\\par}"));
+        box.setSelStart(2);
+        box.setSelRTF(QStringLiteral("{\\rtf1\\pard\\qc x\\par\\qj y\\par\\ql z}"));
+        QCOMPARE(box.Text(), QStringLiteral("abx\ny\nzcd"));
+        QCOMPARE(box.SelAlignment(), 1);
+        box.setSelStart(0);
+        QCOMPARE(box.SelAlignment(), 2);
+        box.setSelStart(4);
+        QCOMPARE(box.SelAlignment(), 3);
+        QCOMPARE(box.TextRTF().count(QStringLiteral("\\pagebb")), 1);
+    }
+
+    void AWordPastedIntoAnEmptyItemStaysInItsList() {
+        RichTextBox box;
+        box.setText(QStringLiteral("a\n"));
+        box.setSelStart(2);
+        box.setSelBullet(true);
+        box.setSelRTF(QStringLiteral("{\\rtf1\\qc word}"));
+        QCOMPARE(box.SelBullet(), true);
+        RichTextBox empty;
+        empty.setSelRTF(QStringLiteral("{\\rtf1\\qc word}"));
+        QCOMPARE(empty.SelAlignment(), 2);
+    }
+
+    void RichTextOfEveryNameIsPasted_data() {
+        QTest::addColumn<QByteArray>("name");
+        for (const char* name : kRtfNames)
+            QTest::newRow(name) << QByteArray(name);
+    }
+    void RichTextOfEveryNameIsPasted() {
+        QFETCH(QByteArray, name);
+        PutOnClipboard(name.constData(), QByteArray("{\\rtf1{\\fonttbl{\\f0 Georgia;}}\\f0\\i new}\0", 43));
+        RichTextBox box;
+        box.setText(QStringLiteral("ab"));
+        box.setSelStart(1);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("anewb"));
+        QCOMPARE(changes.count(), 1);
+        Select(box, 1, 3);
+        QCOMPARE(box.SelItalic(), true);
+        QCOMPARE(box.SelFontName(), QStringLiteral("Georgia"));
+    }
+
+    void RichTextGoesBeforeHtmlAndHtmlBeforeText() {
+        QMimeData data;
+        data.setText(QStringLiteral("plain"));
+        data.setHtml(QStringLiteral("<p>html</p>"));
+        const auto textOf = [&data] {
+            const auto document = platform::DocumentOfMime(data);
+            return document ? document->toPlainText() : QString();
+        };
+        QCOMPARE(textOf(), QStringLiteral("html"));
+        data.setData(QStringLiteral("text/rtf"), "{\\rtf1 rich}");
+        QCOMPARE(textOf(), QStringLiteral("rich"));
+        data.setData(QStringLiteral("text/rtf"), "no rich text");
+        QCOMPARE(textOf(), QStringLiteral("html"));
+    }
+
+    void PlainTextTakesTheFormatOfItsPlace() {
+        QGuiApplication::clipboard()->setText(QStringLiteral("x\r\ny"));
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Georgia;}}\\f0\\fs40\\b ab}"));
+        box.setSelStart(1);
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("ax\nyb"));
+        box.selectAll();
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelFontSize(), 20.0);
+        QCOMPARE(box.SelFontName(), QStringLiteral("Georgia"));
+    }
+
+    void HtmlIsPastedWithItsFormats() {
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<p>one <b>two</b></p><p align=center>three</p>"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("one two\nthree"));
+        Select(box, 4, 3);
+        QCOMPARE(box.SelBold(), true);
+        box.setSelStart(9);
+        QCOMPARE(box.SelAlignment(), 2);
+        box.setSnapshot(box.Snapshot());
+        Select(box, 4, 3);
+        QCOMPARE(box.SelBold(), true);
+    }
+
+    void ListsOfHtmlBecomeParagraphsWithMarkers() {
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<ol><li>a</li><li>b</li></ol><ul><li>c</li></ul>"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.paste();
+        QVERIFY(box.Text().contains(QStringLiteral("a\nb\nc")));
+        const QString source = box.TextRTF();
+        QVERIFY(source.contains(QStringLiteral("{\\pntext 1.")));
+        QVERIFY(source.contains(QStringLiteral("{\\pntext 2.")));
+        QVERIFY(source.contains(QStringLiteral("{\\pntext\\u8226?")));
+        RichTextBox other;
+        other.setTextRTF(source);
+        QCOMPARE(other.TextRTF(), source);
+    }
+
+    void PicturesOfHtmlAreLeftOutAndNoFileIsRead() {
+        QTemporaryFile picture;
+        QVERIFY(picture.open());
+        picture.write("GIF89a");
+        picture.close();
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<p>before<img src=\"file://%1\" width=30 height=30>after"
+                                     "<img src=\"http://127.0.0.1:9/x.png\"></p>")
+                          .arg(picture.fileName()));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("beforeafter"));
+    }
+
+    void PicturesOfRichTextAreCopiedAlong() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 a{\\pict\\pngblip\\picwgoal300\\pichgoal300 "
+                                      "89504e470d0a1a0a0000000d494844520000000100000001080200000090"
+                                      "7753de0000000c4944415408d763f8cfc000000301010018dd8db0000000"
+                                      "0049454e44ae426082}b}"));
+        box.selectAll();
+        box.copy();
+        QCOMPARE(Clipboard().text(), QStringLiteral("ab"));
+        RichTextBox other;
+        other.paste();
+        QCOMPARE(other.Text(), box.Text());
+        QVERIFY(other.TextRTF().contains(QStringLiteral("89504e47")));
+    }
+
+    void TextAsOfAWordProcessorIsPasted() {
+        PutOnClipboard("text/rtf",
+                       "{\\rtf1\\ansi\\deff4{\\fonttbl{\\f4\\froman\\fprq2\\fcharset0 Liberation Serif;}}"
+                       "{\\stylesheet{\\s0\\snext0 Normal;}}{\\*\\pgdsctbl{\\pgdsc0 Default;}}"
+                       "\\pard\\plain \\s0\\ql\\rtlch\\af4 \\ltrch\\hich\\af4\\loch\\fs24"
+                       "{\\rtlch \\ltrch\\loch\\b\\uc2\\u8220\\'81\\'67So\\u8221\\'81\\'68}\\par}");
+        RichTextBox box;
+        box.paste();
+        QCOMPARE(box.Text().trimmed(), QStringLiteral("\u201CSo\u201D"));
+        Select(box, 0, 4);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelFontName(), QStringLiteral("Liberation Serif"));
+    }
+
+    void NothingIsPastedFromWhatIsNoText() {
+        PutOnClipboard("image/png", "x");
+        RichTextBox box;
+        box.setText(QStringLiteral("a"));
+        QVERIFY(!box.canPaste());
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("a"));
+        QCOMPARE(changes.count(), 0);
+    }
+
+    void AReadOnlyBoxTakesNothing() {
+        QGuiApplication::clipboard()->setText(QStringLiteral("x"));
+        RichTextBox box;
+        box.setText(QStringLiteral("a"));
+        box.setReadOnly(true);
+        box.paste();
+        QCOMPARE(box.Text(), QStringLiteral("a"));
+    }
+};
+
+QTEST_MAIN(RichTextClipboardTest)
+#include "rich_text_clipboard_test.moc"
