@@ -7,6 +7,7 @@
 #include <QTextLayout>
 #include <QTextTable>
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "platform/rich_text/document_model.h"
@@ -22,6 +23,10 @@ struct Line {
     int position = 0;
     double top = 0;
     double bottom = 0;
+    double left = 0;
+    double width = 0;
+
+    QRectF Box() const { return {left, top, width, bottom - top}; }
 };
 
 std::vector<Line> LinesOf(const QTextBlock& block) {
@@ -32,10 +37,11 @@ std::vector<Line> LinesOf(const QTextBlock& block) {
     for (int i = 0; i < layout.lineCount(); ++i) {
         const QTextLine line = layout.lineAt(i);
         const double top = box.top() + line.y();
-        lines.push_back({block.position() + line.textStart(), top, top + line.height()});
+        lines.push_back(
+            {block.position() + line.textStart(), top, top + line.height(), box.left(), box.width()});
     }
     if (lines.empty())
-        lines.push_back({block.position(), box.top(), box.bottom()});
+        lines.push_back({block.position(), box.top(), box.bottom(), box.left(), box.width()});
     return lines;
 }
 
@@ -111,7 +117,7 @@ bool BreaksBefore(const QTextBlock& block) {
 // Goes from block to block and takes what fits.
 class Walk {
 public:
-    Walk(const QTextDocument& document, int first, std::optional<double> top, double height);
+    Walk(const QTextDocument& document, int first, const PrintPiece* before, double height);
 
     PrintPiece Run();
 
@@ -120,6 +126,8 @@ private:
     bool TakeParagraph();
     bool TakeRow(const QTextTable& table);
     bool TakePartOfRow(const RowUnit& unit);
+    template <typename Rule>
+    void HideLines(const RowUnit& unit, Rule&& isHidden);
     void Take(double bottom);
     bool Stop(int position, double top);
     bool StopBefore(int position, double top);
@@ -131,12 +139,13 @@ private:
     std::size_t m_start = 0;     // the line to go on with
     double m_end = 0;            // the page's
     double m_lowest = 0;         // of what is taken
+    double m_done = 0;           // lines of the first row that end above this are on the page before
     bool m_any = false;          // anything is taken
     std::optional<Line> m_chain; // first line of the paragraphs kept with the one that comes now
     PrintPiece m_piece;
 };
 
-Walk::Walk(const QTextDocument& document, int first, std::optional<double> top, double height)
+Walk::Walk(const QTextDocument& document, int first, const PrintPiece* before, double height)
     : m_document(document)
     , m_height(height) {
     Enter(document.findBlock(first));
@@ -145,8 +154,9 @@ Walk::Walk(const QTextDocument& document, int first, std::optional<double> top, 
         --m_start;
     m_piece.first = m_lines[m_start].position;
     m_piece.top = m_lines[m_start].top;
-    if (top) {
-        m_piece.top = std::min(m_piece.top, *top);
+    if (before != nullptr) {
+        m_piece.top = std::min(m_piece.top, before->nextTop);
+        m_done = before->nextDone;
     } else if (const QTextTable* table = OutermostTable(m_block); table != nullptr && m_start == 0) {
         // the borders and the neighbours of the first cell of a row belong to it
         const RowUnit unit = RowsAround(*table, m_block);
@@ -220,6 +230,8 @@ bool Walk::TakeParagraph() {
 
 bool Walk::TakeRow(const QTextTable& table) {
     const RowUnit unit = RowsAround(table, m_block);
+    if (!m_any && m_done > m_piece.top)
+        HideLines(unit, [this](const Line& line) { return line.bottom <= m_done + kRoundingSlack; });
     if (unit.bottom > m_end) {
         if (m_any && unit.bottom - unit.top <= m_height)
             return StopBefore(unit.first.position(), unit.top);
@@ -232,39 +244,55 @@ bool Walk::TakeRow(const QTextTable& table) {
     return true;
 }
 
-// A row taller than a page: cut where no line of any cell is cut. True when nothing of it is left for the
-// next piece.
-bool Walk::TakePartOfRow(const RowUnit& unit) {
-    double cut = m_end;
-    for (bool moved = true; moved;) {
-        moved = false;
-        for (QTextBlock block = unit.first; block.isValid() && block != unit.end; block = block.next()) {
-            for (const Line& line : LinesOf(block)) {
-                if (line.top > m_piece.top && line.top < cut - kRoundingSlack &&
-                    line.bottom > cut + kRoundingSlack) {
-                    cut = line.top;
-                    moved = true;
-                }
-            }
-        }
-    }
-    if (cut <= m_lowest && m_any)
-        return Stop(m_lines[m_start].position, m_lines[m_start].top);
-    for (QTextBlock block = m_block; block.isValid() && block != unit.end; block = block.next()) {
+template <typename Rule>
+void Walk::HideLines(const RowUnit& unit, Rule&& isHidden) {
+    for (QTextBlock block = unit.first; block.isValid() && block != unit.end; block = block.next()) {
         for (const Line& line : LinesOf(block)) {
-            if (line.top < cut - kRoundingSlack || line.position <= m_piece.first)
-                continue;
-            m_lowest = cut;
-            return Stop(line.position, cut);
+            if (isHidden(line))
+                m_piece.hidden.push_back(line.Box());
         }
     }
-    return true;
+}
+
+// A row taller than a page: each cell goes on with its first line that does not fit. True when nothing of the
+// row is left for the next piece.
+bool Walk::TakePartOfRow(const RowUnit& unit) {
+    const Line* next = nullptr;
+    bool anyFits = !m_any; // what begins a page is taken, as far as the page goes
+    double nextTop = m_end;
+    std::vector<Line> lines;
+    for (QTextBlock block = unit.first; block.isValid() && block != unit.end; block = block.next()) {
+        const std::vector<Line> ofBlock = LinesOf(block);
+        lines.insert(lines.end(), ofBlock.begin(), ofBlock.end());
+    }
+    for (const Line& line : lines) {
+        if (line.bottom <= m_end) {
+            anyFits = true;
+            continue;
+        }
+        if (line.position <= m_piece.first)
+            continue;
+        if (next == nullptr)
+            next = &line;
+        if (line.top > m_piece.top + kRoundingSlack)
+            nextTop = std::min(nextTop, line.top);
+    }
+    if (!anyFits)
+        return StopBefore(unit.first.position(), unit.top);
+    if (next == nullptr)
+        return true;
+    HideLines(unit, [this](const Line& line) {
+        return line.bottom > m_end && line.top < m_end && line.top > m_piece.top + kRoundingSlack;
+    });
+    m_lowest = m_end;
+    m_piece.nextDone = m_end;
+    return Stop(next->position, nextTop);
 }
 
 } // namespace
 
-PrintPiece MeasurePiece(const QTextDocument& document, int first, std::optional<double> top, double height) {
-    return Walk(document, first, top, height).Run();
+PrintPiece MeasurePiece(const QTextDocument& document, int first, const PrintPiece* before, double height) {
+    return Walk(document, first, before, height).Run();
 }
 
 } // namespace platform

@@ -18,6 +18,15 @@ namespace {
 constexpr double kScreenDpi = 96;
 constexpr double kTwipsPerInch = 1440;
 
+// What is left of a rectangle without some lines. Lines that touch are rounded alike.
+QRegion Shown(const QRectF& clip, const std::vector<QRectF>& hidden) {
+    QRegion region(clip.toAlignedRect());
+    for (const QRectF& line : hidden)
+        region -= QRect(QPoint(qRound(line.left()), qRound(line.top())),
+                        QPoint(qRound(line.right()) - 1, qRound(line.bottom()) - 1));
+    return region;
+}
+
 } // namespace
 
 RichTextFormatter::RichTextFormatter(const QTextDocument& document)
@@ -96,7 +105,7 @@ void RichTextFormatter::LayOut(QPaintDevice& device, double width, double height
     m_size = size;
     m_dpiX = device.logicalDpiX();
     m_dpiY = device.logicalDpiY();
-    m_nextFirst = -1;
+    m_pieces.clear();
     m_document.reset(m_source->clone());
     m_document->setUndoRedoEnabled(false);
     m_document->setDefaultFont(m_source->defaultFont());
@@ -122,13 +131,16 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
     const double height = rectangle.height() * device.logicalDpiY() / kTwipsPerInch;
     LayOut(device, width, height);
     m_document->documentLayout()->setPaintDevice(painter.device()); // the last one may be gone
-    const std::optional<double> top = first == m_nextFirst ? std::optional(m_nextTop) : std::nullopt;
-    const PrintPiece piece = MeasurePiece(*m_document, std::max(first, 0), top, height);
+    const auto before = m_pieces.find(first);
+    const PrintPiece piece = MeasurePiece(*m_document, std::max(first, 0),
+                                          before == m_pieces.end() ? nullptr : &before->second, height);
     if (render) {
         const QRectF clip(0, piece.top, width, piece.bottom - piece.top);
         painter.save();
         painter.translate(x, y - piece.top);
         painter.setClipRect(clip, Qt::IntersectClip);
+        if (!piece.hidden.empty())
+            painter.setClipRegion(Shown(clip, piece.hidden), Qt::IntersectClip);
         QAbstractTextDocumentLayout::PaintContext context;
         context.clip = clip;
         context.palette.setColor(QPalette::Text, Qt::black);
@@ -136,8 +148,7 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
         DrawMarkers(painter, m_document->findBlock(piece.first), clip, piece.next);
         painter.restore();
     }
-    m_nextFirst = piece.next;
-    m_nextTop = piece.nextTop;
+    m_pieces.insert_or_assign(piece.next, piece);
     return piece.next;
 }
 

@@ -2,7 +2,10 @@
 
 #include <QRect>
 #include <QSizeF>
+#include <map>
 #include <memory>
+
+#include "platform/rich_text/rich_text_piece.h"
 
 class QPainter;
 class QPaintDevice;
@@ -37,8 +40,7 @@ private:
     QSizeF m_size;                             // of the pieces, device pixels
     int m_dpiX = 0;
     int m_dpiY = 0;
-    int m_nextFirst = -1; // where the last piece ended
-    double m_nextTop = 0;
+    std::map<int, PrintPiece> m_pieces; // measured so far, by where the text goes on behind them
 };
 
 } // namespace platform

@@ -29,19 +29,19 @@ public:
     ~Paper() { m_painter.end(); }
     QPainter& Painter() { return m_painter; }
     void Clear() { m_image.fill(Qt::white); }
-    // Rows that are not white, counted in groups that touch: the lines of a text.
-    int InkLines() const {
+    // Rows that are not white between two columns, counted in groups that touch: the lines of a text.
+    int InkLines(int left = 0, int right = std::numeric_limits<int>::max()) const {
         int lines = 0;
         bool inside = false;
         for (int y = 0; y < m_image.height(); ++y) {
-            const bool ink = RowHasInk(y);
+            const bool ink = RowHasInk(y, left, std::min(right, m_image.width()));
             lines += ink && !inside ? 1 : 0;
             inside = ink;
         }
         return lines;
     }
-    bool RowHasInk(int y) const {
-        for (int x = 0; x < m_image.width(); ++x) {
+    bool RowHasInk(int y, int left, int right) const {
+        for (int x = left; x < right; ++x) {
             if (qGray(m_image.pixel(x, y)) < 200)
                 return true;
         }
@@ -275,28 +275,42 @@ private Q_SLOTS:
             rows += int(text.count(u'a'));
         }
         QCOMPARE(rows, 12);
+        int lines = 0;
+        for (std::size_t page = 0; page + 1 < pages.size(); ++page) {
+            paper.Clear();
+            box.FormatRange(paper.Painter(), QRect(0, 0, 6 * kInch, 1800), pages[page], true);
+            lines += paper.InkLines();
+        }
+        QCOMPARE(lines, 4 + 12 * 3 + 1);
     }
 
     void ARowTallerThanThePageGoesOnWithNoLineLost() {
-        QString cell;
+        QString small;
+        QString large;
         for (int i = 0; i < 50; ++i)
-            cell += QStringLiteral("H%1\\par ").arg(i);
+            small += QStringLiteral("H%1\\par ").arg(i);
+        for (int i = 0; i < 20; ++i)
+            large += QStringLiteral("H%1\\par ").arg(i);
         RichTextBox box;
-        box.setTextRTF(Header() + QStringLiteral("\\trowd\\cellx5000\\intbl ") + cell +
-                       QStringLiteral("\\cell\\row\\pard\\par}"));
+        box.setTextRTF(Header() + QStringLiteral("\\trowd\\cellx4320\\cellx8640\\intbl ") + small +
+                       QStringLiteral("\\cell\\fs50 ") + large + QStringLiteral("\\cell\\row\\pard\\par}"));
         Paper paper;
         const QRect page(0, 0, 6 * kInch, 2 * kInch);
-        int lines = 0;
+        int left = 0;
+        int right = 0;
         int first = 0;
         const auto length = int(box.Text().size());
         while (first < length) {
             paper.Clear();
-            const int next = box.FormatRange(paper.Painter(), page, first, true);
+            const int next = box.FormatRange(paper.Painter(), page, first, false);
             QVERIFY(next > first);
-            lines += paper.InkLines();
+            QCOMPARE(box.FormatRange(paper.Painter(), page, first, true), next);
+            left += paper.InkLines(0, 290);
+            right += paper.InkLines(310, 600);
             first = next;
         }
-        QCOMPARE(lines, 50);
+        QCOMPARE(left, 50);
+        QCOMPARE(right, 20);
     }
 
     void ParagraphsKeptTogetherMoveToTheNextPage() {
