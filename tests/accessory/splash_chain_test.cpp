@@ -81,7 +81,13 @@ private Q_SLOTS:
     }
 
     // Events that come through during the load.
+    void DotsThatBeginDuringTheLoadBeginOnceMore_data() {
+        QTest::addColumn<bool>("lowestFirst");
+        QTest::newRow("the later row catches up") << true;
+        QTest::newRow("the rows stay apart") << false;
+    }
     void DotsThatBeginDuringTheLoadBeginOnceMore() {
+        QFETCH(bool, lowestFirst);
         SplashChain chain;
         chain.Fire(1);
         QCOMPARE(chain.Fire(4).caption, kSplashSteps[0].caption);
@@ -90,8 +96,10 @@ private Q_SLOTS:
         int handOvers = 0;
         for (int tick = 0; tick < 30; ++tick) {
             const SplashChain::Timers running = chain.Running();
-            for (std::size_t timer = 0; timer < running.size(); ++timer) {
-                if (running.test(timer) && chain.Fire(int(timer)).act == Act::HandOver)
+            const int count = int(running.size());
+            for (int i = 0; i < count; ++i) {
+                const int timer = lowestFirst ? i : count - 1 - i;
+                if (running.test(std::size_t(timer)) && chain.Fire(timer).act == Act::HandOver)
                     ++handOvers;
             }
         }
