@@ -1,0 +1,220 @@
+// Reading, writing, showing and editing rich text: forms of 10 pages as lawyers have them open, and documents
+// of 200 pages, in a box 900 pixels wide on a display without a screen.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <QTextDocument>
+#include <memory>
+#include <random>
+
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/rich_text/rtf_reader.h"
+#include "platform/rich_text/rtf_writer.h"
+
+using namespace platform;
+
+namespace {
+
+constexpr int kBytesOfPage = 4100; // of a form's source
+
+// Paragraphs of a form: headings, justified text with some words emphasised, items, signature lines, a table
+// each few pages; until the source has `bytes` bytes.
+QByteArray MakeSource(qsizetype bytes) {
+    static const char* const kWords[] = {
+        "the",    "party", "of",    "first",    "part",     "hereby",     "affiant",  "deposes",
+        "states", "that",  "said",  "property", "situated", "in",         "premises", "undersigned",
+        "and",    "for",   "value", "received", "contract", "stipulated", "rights",   "\\u8220?"};
+    std::mt19937 random(17);
+    const auto words = [&random](QByteArray& out, int count) {
+        for (int i = 0; i < count; ++i)
+            out.append(kWords[random() % std::size(kWords)]).append(i % 11 == 10 ? ", " : " ");
+    };
+    QByteArray source(
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\froman Times New Roman;}{\\f1\\fswiss Arial;}}\n"
+        "{\\colortbl;\\red0\\green0\\blue128;}\n");
+    for (int i = 0; source.size() < bytes - 600; ++i) {
+        if (i % 12 == 0) {
+            source.append("\\pard\\qc\\keepn\\f1\\fs28\\b ");
+            words(source, 4);
+            source.append("\\b0\\par\n");
+        }
+        if (i % 60 == 59) {
+            for (int row = 0; row < 3; ++row)
+                source.append("\\trowd\\trgaph108\\cellx4500\\cellx9000\\pard\\intbl\\f0\\fs24 name\\cell "
+                              "date\\cell\\row\n");
+        }
+        if (i % 5 == 4)
+            source.append("\\pard\\fi-360\\li1080\\qj{\\pntext\\u8226?\\tab}{\\*\\pn\\pnlvlblt\\pnindent360{"
+                          "\\pntxtb\\u8226?}}");
+        else
+            source.append("\\pard\\fi720\\qj\\sa120 ");
+        source.append("\\f0\\fs24 ");
+        words(source, 25);
+        source.append("\\i ");
+        words(source, 3);
+        source.append("\\i0\\cf1 ");
+        words(source, 2);
+        source.append("\\cf0 ");
+        words(source, 30);
+        source.append("\\par\n");
+    }
+    return source.append('}');
+}
+
+QByteArray SourceOfPages(benchmark::State& state) {
+    return MakeSource(state.range(0) * kBytesOfPage);
+}
+
+QByteArray SourceOfMegabytes(benchmark::State& state) {
+    return MakeSource(state.range(0) * 1'000'000);
+}
+
+std::unique_ptr<RichTextBox> ShownBox(const QByteArray& source) {
+    auto box = std::make_unique<RichTextBox>();
+    box->setPageLike(true);
+    box->resize(900, 600);
+    box->show();
+    box->setTextRTF(source);
+    QApplication::processEvents();
+    box->document()->size(); // all is laid out, as it is a moment after a form was opened
+    return box;
+}
+
+void ReadSource(benchmark::State& state) {
+    const QByteArray source = SourceOfMegabytes(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadRtf(source));
+    state.SetBytesProcessed(int64_t(state.iterations()) * source.size());
+}
+BENCHMARK(ReadSource)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
+
+void WriteSource(benchmark::State& state) {
+    const auto document = ReadRtf(SourceOfMegabytes(state));
+    qsizetype size = 0;
+    for (auto _ : state)
+        size = WriteRtf(*document).size();
+    state.SetBytesProcessed(int64_t(state.iterations()) * size);
+}
+BENCHMARK(WriteSource)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
+
+void WriteSourceOfPages(benchmark::State& state) {
+    const auto document = ReadRtf(SourceOfPages(state));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(WriteRtf(*document));
+}
+BENCHMARK(WriteSourceOfPages)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+// The first look at a document: read, laid out as far as it is seen, painted.
+void ShowSource(benchmark::State& state) {
+    const QByteArray source = SourceOfPages(state);
+    const auto box = ShownBox("{\\rtf1 before}");
+    for (auto _ : state) {
+        box->setTextRTF(source);
+        box->viewport()->repaint();
+    }
+}
+BENCHMARK(ShowSource)->Arg(10)->Arg(200)->Arg(244)->Unit(benchmark::kMillisecond); // 244 pages: 1 MB
+
+// A box that nobody sees, in which forms are prepared.
+void SetSourceOfHiddenBox(benchmark::State& state) {
+    const QByteArray source = SourceOfPages(state);
+    RichTextBox box;
+    for (auto _ : state)
+        box.setTextRTF(source);
+}
+BENCHMARK(SetSourceOfHiddenBox)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void TypeAndTakeSnapshot(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    box->setSelStart(int(box->Text().size()) / 2);
+    benchmark::DoNotOptimize(box->Snapshot());
+    std::vector<RtfSnapshot> history(75);
+    std::size_t step = 0;
+    for (auto _ : state) {
+        box->setSelText(QStringLiteral("x"));
+        history[++step % history.size()] = box->Snapshot();
+    }
+}
+BENCHMARK(TypeAndTakeSnapshot)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void TakeSnapshotAfterTyping(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    box->setSelStart(int(box->Text().size()) / 2);
+    benchmark::DoNotOptimize(box->Snapshot());
+    for (auto _ : state) {
+        state.PauseTiming();
+        box->setSelText(QStringLiteral("x"));
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(box->Snapshot());
+    }
+}
+BENCHMARK(TakeSnapshotAfterTyping)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(300);
+
+// Undo: the state before comes back, at the document's beginning or in its middle.
+void BringSnapshotBack(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    box->setSelStart(int(box->Text().size() * state.range(1) / 100));
+    const RtfSnapshot before = box->Snapshot();
+    box->setSelText(QStringLiteral("x"));
+    const RtfSnapshot after = box->Snapshot();
+    bool undo = true;
+    for (auto _ : state) {
+        box->setSnapshot(undo ? before : after);
+        box->viewport()->repaint();
+        undo = !undo;
+    }
+}
+BENCHMARK(BringSnapshotBack)
+    ->Args({10, 0})
+    ->Args({10, 50})
+    ->Args({200, 0})
+    ->Args({200, 50})
+    ->ArgNames({"pages", "percent"})
+    ->Unit(benchmark::kMillisecond);
+
+void FormatSelection(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    box->setSelStart(1000);
+    box->setSelLength(200);
+    bool bold = false;
+    for (auto _ : state)
+        box->setSelBold(bold = !bold);
+}
+BENCHMARK(FormatSelection)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void ReadFormatOfAll(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    box->selectAll();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(box->SelUnderline()); // the same everywhere
+}
+BENCHMARK(ReadFormatOfAll)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void PrintAllPages(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    QImage paper(850, 1100, QImage::Format_RGB32);
+    QPainter painter(&paper);
+    const auto length = int(box->Text().size());
+    for (auto _ : state) {
+        int pages = 0;
+        for (int first = 0; first < length; ++pages)
+            first = box->FormatRange(painter, QRect(0, 0, 9180, 12960), first, true);
+        box->FormatRangeRelease();
+        state.counters["pages"] = pages;
+    }
+}
+BENCHMARK(PrintAllPages)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
