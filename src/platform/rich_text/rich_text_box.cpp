@@ -9,12 +9,14 @@
 #include <QTextDocument>
 #include <QTextFrame>
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box_edit.h"
 #include "platform/rich_text/rich_text_file.h"
 #include "platform/rich_text/rich_text_markers.h"
+#include "platform/rich_text/rich_text_numbering.h"
 #include "platform/rich_text/rich_text_plain.h"
 #include "platform/rich_text/rich_text_printing.h"
 #include "platform/rich_text/rich_text_selection_format.h"
@@ -53,10 +55,12 @@ std::pair<qsizetype, qsizetype> Difference(const QString& before, const QString&
 RichTextBox::Edit::Edit(RichTextBox& box)
     : m_box(box)
     , m_touchedBefore(box.m_touched) {
-    if (m_box.m_edits++ == 0 && !m_box.document()->isEmpty()) {
-        m_hadText = true;
+    if (m_box.m_edits++ > 0)
+        return;
+    m_blocksBefore = m_box.document()->blockCount();
+    m_hadText = !m_box.document()->isEmpty();
+    if (m_hadText)
         m_formatBefore = m_box.textCursor().charFormat();
-    }
 }
 
 RichTextBox::Edit::~Edit() {
@@ -67,7 +71,7 @@ RichTextBox::Edit::~Edit() {
     if (m_box.m_touched) {
         if (m_hadText && m_box.document()->isEmpty())
             m_box.KeepFontOfEmptyBox(m_formatBefore);
-        m_box.ShowChangedMarkers();
+        m_box.ShowChangedMarkers(m_box.document()->blockCount() - m_blocksBefore);
     }
     --m_box.m_edits;
     if (std::exchange(m_box.m_touched, false))
@@ -189,12 +193,21 @@ void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool 
         edit.Forget();
 }
 
-// Bullets stand where the text they belong to now begins.
-void RichTextBox::ShowChangedMarkers() {
+// Bullets stand where the text they belong to now begins, and numbers count on.
+void RichTextBox::ShowChangedMarkers(int paragraphsAdded) {
+    const bool listsChanged = std::exchange(m_listsChanged, false);
     if (m_changedFrom < 0)
         return;
-    const int from = std::exchange(m_changedFrom, -1);
-    ShowMarkers(*document(), std::min(from, document()->characterCount() - 1), m_changedTo);
+    const int from = std::min(m_changedFrom, document()->characterCount() - 1);
+    const int to = m_changedTo;
+    ShowMarkers(*document(), from, to);
+    if (paragraphsAdded != 0 || listsChanged) {
+        const int touched =
+            document()->findBlock(std::min(to, document()->characterCount() - 1)).blockNumber() -
+            document()->findBlock(from).blockNumber() + 1;
+        ContinueNumbers(*document(), from, to,
+                        std::max(std::abs(paragraphsAdded), listsChanged ? touched : 0));
+    }
     m_changedFrom = -1;
 }
 

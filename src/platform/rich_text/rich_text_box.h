@@ -176,7 +176,7 @@ private:
     void InsertForeign(QTextDocument& source);
     void FreeFiller();
     void KeepFontOfEmptyBox(const QTextCharFormat& format);
-    void ShowChangedMarkers();
+    void ShowChangedMarkers(int paragraphsAdded);
     void ScrollToCaret();
 
     QString m_fileName;
@@ -188,6 +188,7 @@ private:
     int m_signalDepth = 0;  // within a signal of the document
     bool m_touched = false; // the document told of a change since the last Change
     bool m_selTouched = false;
+    bool m_listsChanged = false; // paragraphs have come to a list or left one
     int m_toldAnchor = 0;
     int m_toldPosition = 0;
     int m_changedFrom = -1; // positions changed since markers were last shown, -1 for none

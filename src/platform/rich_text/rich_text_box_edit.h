@@ -24,6 +24,7 @@ private:
     bool m_touchedBefore;
     QTextCharFormat m_formatBefore; // of the caret, kept by the outermost guard of a box with text
     bool m_hadText = false;
+    int m_blocksBefore = 0;
 };
 
 } // namespace platform

@@ -349,6 +349,8 @@ std::optional<bool> RichTextBox::SelBullet() const {
 }
 
 bool RichTextBox::setSelBullet(bool on) {
+    Edit edit(*this);
+    m_listsChanged = true;
     return ChangeBlocks([on](const QTextBlockFormat& old) {
         const bool isBullet = !old.stringProperty(BulletText).isEmpty();
         return std::optional(isBullet == on ? old : WithBullet(old, on));

@@ -1,56 +1,12 @@
 // Bullets and numbering, in the older form (\pn) and by list tables (\ls).
 #include <algorithm>
 
+#include "platform/rich_text/rich_text_numbering.h"
 #include "platform/rich_text/rtf_limits.h"
 #include "platform/rich_text/rtf_reader_core.h"
 
 namespace platform {
 namespace {
-
-QString Roman(int number) {
-    struct Digit {
-        int value;
-        QLatin1StringView text;
-    };
-    static constexpr Digit kDigits[] = {
-        {1000, QLatin1StringView("m")}, {900, QLatin1StringView("cm")}, {500, QLatin1StringView("d")},
-        {400, QLatin1StringView("cd")}, {100, QLatin1StringView("c")},  {90, QLatin1StringView("xc")},
-        {50, QLatin1StringView("l")},   {40, QLatin1StringView("xl")},  {10, QLatin1StringView("x")},
-        {9, QLatin1StringView("ix")},   {5, QLatin1StringView("v")},    {4, QLatin1StringView("iv")},
-        {1, QLatin1StringView("i")},
-    };
-    QString text;
-    for (const auto& [value, digits] : kDigits) {
-        for (; number >= value && text.size() < 32; number -= value)
-            text.append(digits);
-    }
-    return text;
-}
-
-// a to z, then aa to zz, and so on
-QString Letters(int number) {
-    const int count = std::clamp((number - 1) / 26 + 1, 1, 32);
-    return QString(count, QChar(u'a' + (std::max(number, 1) - 1) % 26));
-}
-
-QString NumberText(int number, ListKinds kind) {
-    switch (kind) {
-    case ListKinds::LowerLetter:
-        return Letters(number);
-    case ListKinds::UpperLetter:
-        return Letters(number).toUpper();
-    case ListKinds::LowerRoman:
-        return Roman(number);
-    case ListKinds::UpperRoman:
-        return Roman(number).toUpper();
-    case ListKinds::None:
-    case ListKinds::Bullet:
-        return {};
-    case ListKinds::Decimal:
-        break;
-    }
-    return QString::number(number);
-}
 
 // RTF 1.9.1, \levelnfc
 ListKinds KindOfLevel(int levelNumberFormat) {
@@ -166,7 +122,7 @@ QString RtfReader::NextNumber(ListDefinition& list, int level) {
         }
         const std::size_t other = character.unicode();
         const int count = list.levels[other].start + std::max(list.counters[other], 1) - 1;
-        marker.append(NumberText(count, KindOfLevel(list.levels[other].kind)));
+        marker.append(ListNumberText(count, KindOfLevel(list.levels[other].kind)));
     }
     if (marker.endsWith(u';'))
         marker.chop(1);

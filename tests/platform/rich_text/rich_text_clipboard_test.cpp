@@ -109,7 +109,7 @@ private Q_SLOTS:
     }
     void RichTextOfEveryNameIsPasted() {
         QFETCH(QByteArray, name);
-        PutOnClipboard(name.constData(), QByteArray("{\\rtf1{\\fonttbl{\\f0 Georgia;}}\\f0\\i new}\0", 43));
+        PutOnClipboard(name.constData(), QByteArray("{\\rtf1{\\fonttbl{\\f0 Georgia;}}\\f0\\i new}") + '\0');
         RichTextBox box;
         box.setText(QStringLiteral("ab"));
         box.setSelStart(1);
