@@ -1,5 +1,6 @@
 #include "app/program.h"
 #include "appearance/look.h"
+#include "platform/desktop/common_dialog.h"
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/services.h"
@@ -15,7 +16,8 @@ int main(int argc, char* argv[]) {
 
     platform::DesktopMessageBox messageBox;
     platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"));
-    platform::Services services{messageBox, instance};
+    platform::CommonDialog commonDialog;
+    platform::Services services{messageBox, instance, commonDialog};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());
     if (!program.Start())

@@ -41,6 +41,8 @@ LeftToolbar::LeftToolbar(QWidget* window)
     btnEditMSWord = MakeLargeButton(picLeftToolbar, top(4), "btnEditMSWord", tr("Edit in the Word Processor"),
                                     "edit-in-word-processor");
     btnPrint = MakeLargeButton(picLeftToolbar, top(5), "btnPrint", tr("Print the Form"), "print");
+    btnSave->AddDropDown();
+    btnPrint->AddDropDown();
     btnHelp = MakeLargeButton(picLeftToolbar, kHelpTop, "btnHelp", tr("Help"), "help");
 }
 

@@ -1,8 +1,16 @@
 #include "app/main_window.h"
 
+#include "accessory/author.h"
+#include "accessory/navigate_url.h"
 #include "app/left_toolbar.h"
+#include "app/menu_tree.h"
+#include "appearance/hover_caption.h"
 #include "appearance/icons.h"
+#include "editor/clipboard_commands.h"
 #include "editor/edit_tool_bar.h"
+#include "editor/editor_panes.h"
+#include "editor/format_commands.h"
+#include "editor/undo_commands.h"
 #include "library/category_browser.h"
 #include "library/favorite_command.h"
 #include "library/favorites_page.h"
@@ -27,7 +35,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
 
 namespace quillbrook {
 
@@ -80,25 +91,31 @@ frmMain::frmMain(platform::Services& services, const QString& executableFolder)
     BuildFrame();
     BuildPages();
     BuildPanes();
+    BuildStatusBar();
+    BuildCommands();
+    ConnectToolbar();
     ConnectPages();
+    ConnectEditor();
+    ConnectHover();
 }
 
 frmMain::~frmMain() = default;
 
 void frmMain::BuildFrame() {
+    menuTree = new MenuTree(this);
     m_client = new QWidget(this);
+    Line1 = new QFrame(m_client);
+    Line1->setObjectName(QStringLiteral("Line1"));
+    Line1->setFrameShape(QFrame::HLine);
+    Line1->setGeometry(0, 0, 1, 1);
+    Timer4 = new QTimer(this);
+    Timer4->setObjectName(QStringLiteral("Timer4"));
+    Timer4->setInterval(3000);
     leftToolbar = new LeftToolbar(m_client);
     SSTab = new platform::SSTab(m_client);
     SSTab->setObjectName(QStringLiteral("SSTab"));
     for (const TabFacts& tab : kTabs)
         SSTab->AddPage(QLatin1String(tab.caption), Picture(QLatin1String(tab.picture)));
-    StatusBar1 = new platform::StatusBar(m_client);
-    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
-    StatusBar1->AddPanel(tr("© 2026 Atty. Merrow. All rights reserved."));
-    StatusBar1->AddPanel(tr(" office@attymerrow.example "));
-    StatusBar1->AddPanel(tr(" About Atty. Merrow... "));
-    mnuHelpContents = new QAction(tr("Help Contents..."), this);
-    mnuHelpContents->setCheckable(true);
 }
 
 void frmMain::BuildPages() {
@@ -125,10 +142,67 @@ void frmMain::BuildPanes() {
     m_rtfContent->hide();
 }
 
+void frmMain::BuildStatusBar() {
+    StatusBar1 = new platform::StatusBar(m_client);
+    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
+    StatusBar1->AddPanel(QString::fromUtf8(author::kNotice));
+    StatusBar1->AddPanel(QLatin1Char(' ') + QLatin1String(author::kMailAddress) + QLatin1Char(' '));
+    StatusBar1->AddPanel(tr(" About Atty. Merrow... "));
+    connect(StatusBar1, &platform::StatusBar::PanelClick, this, &frmMain::StatusPanelClick);
+}
+
+void frmMain::StatusPanelClick(int panel) {
+    switch (panel) {
+    case 1:
+        Menu(QStringLiteral("mnuContact"))->trigger();
+        break;
+    case 2:
+        NavigateURL(QStringLiteral("mailto:") + QLatin1String(author::kMailAddress));
+        break;
+    case 3:
+        Menu(QStringLiteral("mnuAbout"))->trigger();
+        break;
+    default:
+        break;
+    }
+}
+
+// The menu of a button's drop-down part opens below the button.
+void frmMain::ConnectToolbar() {
+    const auto dropDown = [this](platform::MyButton* button, const QString& menu) {
+        connect(button, &platform::MyButton::DropDownClick, this, [this, button, menu] {
+            menuTree->Menu(menu)->popup(button->mapToGlobal(QPoint(0, button->height())));
+        });
+    };
+    dropDown(leftToolbar->btnSave, QStringLiteral("mnuDropSave"));
+    dropDown(leftToolbar->btnPrint, QStringLiteral("mnuDropPrint"));
+    connect(leftToolbar->btnHelp, &platform::MyButton::Click, Menu(QStringLiteral("mnuHelpContents")),
+            &QAction::trigger);
+}
+
+void frmMain::BuildCommands() {
+    formatCommands = new FormatCommands(*editToolBar, *this, m_services, this);
+    clipboardCommands = new ClipboardCommands(*editToolBar, *this, m_state, this);
+    undoCommands = new UndoCommands(*editToolBar, *this, m_state, this);
+    editorPanes = new EditorPanes(*editToolBar, *formatCommands, *undoCommands, *this, m_state, this);
+}
+
+void frmMain::ConnectEditor() {
+    connect(editorPanes, &EditorPanes::PopUpWanted, this,
+            [this](const QPoint& position) { menuTree->Menu(QStringLiteral("mnuPopUp"))->popup(position); });
+    connect(m_txtMyContent, &platform::RichTextBox::Click, myFormsPage, &MyFormsPage::EditMyForm);
+    connect(myFormsPage, &MyFormsPage::NewFormBegun, this,
+            [this] { SetDefaultFont(*m_txtMyContent, *editToolBar); });
+    connect(myFormsPage, &MyFormsPage::HistoryStartsAfresh, undoCommands,
+            &UndoCommands::StartMyHistoryAfresh);
+    connect(myFormsPage, &MyFormsPage::HistoryCleared, undoCommands, &UndoCommands::ZeroMyHistory);
+    connect(Menu(QStringLiteral("mnuAddToMyForms")), &QAction::triggered, myFormsPage,
+            &MyFormsPage::AddtoMyForms);
+    connect(Menu(QStringLiteral("mnuExit")), &QAction::triggered, this, &QWidget::close);
+}
+
 void frmMain::ConnectPages() {
     connect(SSTab, &platform::SSTab::Click, this, &frmMain::TabClick);
-    connect(SSTab, &platform::SSTab::MouseMove, this, [this] { SetCaption(m_variables.PageTitle); });
-
     connect(categoryBrowser, &CategoryBrowser::BrowsingBegan, searchPage,
             [this] { searchPage->cboQuery->setText(QString()); });
     connect(categoryBrowser, &CategoryBrowser::FormOpened, historyPage, &HistoryPage::Add);
@@ -147,11 +221,20 @@ void frmMain::ConnectPages() {
     favorite(historyPage->cmdAddtoFavs2, historyPage->lstHistory);
     connect(categoryBrowser->cmdSearchAgain, &platform::MyButton::Click, this,
             [this] { SetTab(Tab::Search); });
-    connect(m_txtContent, &platform::RichTextBox::Click, this, [this] { SetTab(Tab::EditForm); });
-    connect(m_txtMyContent, &platform::RichTextBox::Click, myFormsPage, &MyFormsPage::EditMyForm);
-    for (platform::RichTextBox* pane : {m_txtContent, m_txtMyContent})
-        connect(pane, &platform::RichTextBox::CharacterPressed, this,
-                [this] { m_state.DocumentSaved = false; });
+}
+
+void frmMain::ConnectHover() {
+    connect(SSTab, &platform::SSTab::MouseMove, this, [this] { SetCaption(m_variables.PageTitle); });
+    for (const HoverList& hover : kHoverLists) {
+        const auto* list = findChild<platform::ListBox*>(QLatin1String(hover.name));
+        connect(list, &platform::ListBox::MouseMove, this,
+                [this, list, hover](Qt::MouseButtons buttons, int index) {
+                    const auto item = index < 0 ? std::nullopt : std::optional(index);
+                    if (const auto caption = HoverCaption(hover, buttons != Qt::NoButton, item,
+                                                          [list](int entry) { return list->List(entry); }))
+                        SetCaption(*caption);
+                });
+    }
 }
 
 Tab frmMain::CurrentTab() const {
@@ -163,7 +246,13 @@ void frmMain::SetTab(Tab tab) {
 }
 
 void frmMain::UncheckHelpContents() {
-    mnuHelpContents->setChecked(false);
+    Menu(QStringLiteral("mnuHelpContents"))->setChecked(false);
+}
+
+QAction* frmMain::Menu(const QString& name) {
+    QAction* entry = menuTree->Entry(name);
+    Q_ASSERT(entry);
+    return entry;
 }
 
 int frmMain::ScaleWidth() const {
@@ -204,7 +293,9 @@ void frmMain::TabClick() {
         searchPage->cboQuery->lineEdit()->end(false);
         break;
     case Tab::EditForm:
+        formatCommands->ShowFormatState();
         platform::SetFocus(m_txtContent);
+        undoCommands->SyncUndoMenus();
         break;
     case Tab::Favorites:
         favoritesPage->DisplayFavorites();
@@ -214,7 +305,9 @@ void frmMain::TabClick() {
         platform::SetFocus(historyPage->lstHistory);
         break;
     case Tab::MyForms:
+        formatCommands->ShowFormatState();
         platform::SetFocus(myFormsPage->txtMyTitle);
+        undoCommands->SyncUndoMenus();
         break;
     }
 
@@ -230,18 +323,20 @@ void frmMain::resizeEvent(QResizeEvent*) {
 }
 
 void frmMain::ResizeControls() {
-    m_client->setGeometry(rect());
+    const int menuHeight = menuTree->MenuBar()->sizeHint().height();
+    menuTree->MenuBar()->setGeometry(0, 0, width(), menuHeight);
+    m_client->setGeometry(0, menuHeight, width(), std::max(0, height() - menuHeight));
     StatusBar1->setGeometry(0, m_client->height() - kStatusBarHeight, m_client->width(), kStatusBarHeight);
-    const int width = ScaleWidth();
-    const int height = ScaleHeight();
+    const int innerWidth = ScaleWidth();
+    const int innerHeight = ScaleHeight();
     const int barHeight = Height(StatusBar1);
 
-    SetWidth(SSTab, std::max(width - Left(SSTab) - 30, kLeastTabWidth));
-    SetHeight(SSTab, height - Top(SSTab) - barHeight - 30);
-    SetWidth(m_txtContent, width - Left(m_txtContent) - 180);
-    SetHeight(m_txtContent, height - Top(m_txtContent) - barHeight - kMarginAfterResize);
+    SetWidth(SSTab, std::max(innerWidth - Left(SSTab) - 30, kLeastTabWidth));
+    SetHeight(SSTab, innerHeight - Top(SSTab) - barHeight - 30);
+    SetWidth(m_txtContent, innerWidth - Left(m_txtContent) - 180);
+    SetHeight(m_txtContent, innerHeight - Top(m_txtContent) - barHeight - kMarginAfterResize);
     SetWidth(m_txtMyContent, Width(m_txtContent));
-    SetHeight(m_txtMyContent, height - Top(m_txtMyContent) - barHeight - kMarginAfterResize);
+    SetHeight(m_txtMyContent, innerHeight - Top(m_txtMyContent) - barHeight - kMarginAfterResize);
     QWidget* bar = leftToolbar->picLeftToolbar;
     SetTop(bar, 45);
     bar->resize(bar->width(), platform::ToPixels(std::max(0, Height(SSTab) - 15)));
@@ -249,6 +344,7 @@ void frmMain::ResizeControls() {
     SetWidth(categoryBrowser->lblQuillbrook, Width(SSTab) - Left(categoryBrowser->lblQuillbrook) - 250);
     SetWidth(searchPage->lblSearchGuide, Width(SSTab) - 6540 - 250);
     SetWidth(searchPage->lblSearchGuide1, Width(searchPage->lblSearchGuide));
+    SetWidth(Line1, innerWidth + 1000);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -263,6 +359,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         }
     }
     m_store.CloseLibrary();
+    UnloadAtExit(m_windows);
     event->accept();
 }
 

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "app/public_variables.h"
+#include "app/window_list.h"
 #include "app/workbench.h"
 #include "library/library_store.h"
 
 #include <QWidget>
 
-class QAction;
+class QFrame;
+class QTimer;
 
 namespace platform {
 class SSTab;
@@ -17,12 +19,17 @@ struct Services;
 namespace quillbrook {
 
 class CategoryBrowser;
+class ClipboardCommands;
+class EditorPanes;
 class EditToolBar;
 class FavoritesPage;
+class FormatCommands;
 class HistoryPage;
 class LeftToolbar;
+class MenuTree;
 class MyFormsPage;
 class SearchPage;
+class UndoCommands;
 
 // The one window in which all work happens: the place where the pages and commands meet. It holds the tab
 // change, the resize rules and the exit sequence.
@@ -45,10 +52,12 @@ public:
     void SetTab(Tab tab) override;
     void SetCaption(const QString& caption) override { setWindowTitle(caption); }
     void UncheckHelpContents() override;
+    QAction* Menu(const QString& name) override;
 
     LibraryStore& Store() { return m_store; }
     WindowState& State() { return m_state; }
     PublicVariables& Variables() { return m_variables; }
+    WindowList& Windows() { return m_windows; }
 
     // Inner size of the window below its menu bar, in twips.
     int ScaleWidth() const;
@@ -63,7 +72,13 @@ public:
     FavoritesPage* favoritesPage;
     HistoryPage* historyPage;
     MyFormsPage* myFormsPage;
-    QAction* mnuHelpContents;
+    MenuTree* menuTree;
+    FormatCommands* formatCommands;
+    ClipboardCommands* clipboardCommands;
+    UndoCommands* undoCommands;
+    EditorPanes* editorPanes;
+    QFrame* Line1;
+    QTimer* Timer4; // never runs
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -73,7 +88,12 @@ private:
     void BuildFrame();
     void BuildPages();
     void BuildPanes();
+    void BuildStatusBar();
+    void BuildCommands();
     void ConnectPages();
+    void ConnectHover();
+    void ConnectEditor();
+    void ConnectToolbar();
 
     // The load sequence, in the order of its steps.
     void LoadFrame();
@@ -85,12 +105,14 @@ private:
     void Centre();
     void ResizeControls();
     void TabClick();
+    void StatusPanelClick(int panel);
 
     platform::Services& m_services;
     QString m_executableFolder;
     PublicVariables m_variables;
     WindowState m_state;
     LibraryStore m_store;
+    WindowList m_windows;
     QWidget* m_client; // the window below its menu bar, in which all positions count
     platform::RichTextBox* m_txtContent;
     platform::RichTextBox* m_txtMyContent;

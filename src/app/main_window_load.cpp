@@ -16,6 +16,7 @@
 #include "platform/services.h"
 #include "search/search_page.h"
 
+#include <QAction>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QLabel>
@@ -33,6 +34,8 @@ bool frmMain::Load() {
     editToolBar->FillFonts(QFontDatabase::families());
     for (platform::MyButton* button : {editToolBar->btnUndo, editToolBar->btnRedo})
         button->setEnabled(false);
+    for (const char* entry : {"mnuUndo", "mnuRedo", "mnuPopUndo", "mnuPopRedo"})
+        Menu(QLatin1String(entry))->setEnabled(false);
     categoryBrowser->CategoryButton(QStringLiteral("btnAcknowledgment"))->setValue(true);
     searchPage->lblSearchGuide->clear();
     searchPage->lblSearchGuide1->clear();

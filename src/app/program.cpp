@@ -2,6 +2,9 @@
 
 #include "app/library_paths.h"
 #include "app/main_window.h"
+#include "library/category_browser.h"
+#include "platform/controls/focus.h"
+#include "platform/controls/list_box.h"
 
 namespace quillbrook {
 
@@ -17,6 +20,7 @@ bool frmProgram::Start() {
     if (!m_mainWindow->Load())
         return false;
     m_mainWindow->show();
+    platform::SetFocus(m_mainWindow->categoryBrowser->lstTitle);
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+class QAction;
 class QWidget;
 
 namespace platform {
@@ -23,11 +24,23 @@ public:
     virtual platform::RichTextBox* txtMyContent() = 0; // the pane of the My Forms page
     virtual platform::RichTextBox* rtfContent() = 0;   // the scratch pane, never shown
 
+    // The pane that a command works on: txtMyContent on the My Forms page, txtContent on every other.
+    platform::RichTextBox* ActivePane() {
+        return CurrentTab() == Tab::MyForms ? txtMyContent() : txtContent();
+    }
+    // The same for commands that work only where a form is edited: null on the other pages.
+    platform::RichTextBox* StrictPane() {
+        const Tab tab = CurrentTab();
+        return tab == Tab::MyForms || tab == Tab::EditForm ? ActivePane() : nullptr;
+    }
+
     virtual Tab CurrentTab() const = 0;
     virtual void SetTab(Tab tab) = 0; // the same as the user's click on that tab
 
     virtual void SetCaption(const QString& caption) = 0;
     virtual void UncheckHelpContents() = 0; // takes the check mark from mnuHelpContents
+
+    virtual QAction* Menu(const QString& name) = 0; // the entry of this name, of any menu; never null
 };
 
 // Where the panes stand and what the window remembers between commands.

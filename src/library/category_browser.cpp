@@ -1,5 +1,6 @@
 #include "library/category_browser.h"
 
+#include "accessory/author.h"
 #include "app/workbench.h"
 #include "appearance/icons.h"
 #include "editor/scratch_pane.h"
@@ -79,10 +80,9 @@ void CategoryBrowser::BuildHeading(QWidget* page) {
     cmdSearchAgain = MakeButton(MyButton::Kind::Plain, "cmdSearchAgain", tr("Search"), page);
     cmdSearchAgain->setIcon(Picture(QStringLiteral("search")));
     cmdSearchAgain->setToolTip(tr("Go to the Search Page!"));
-    httpAttyMerrow = new HyperLabel(tr("Website"), QUrl(QStringLiteral("https://attymerrow.example/")), page);
+    httpAttyMerrow = new HyperLabel(tr("Website"), QUrl(QLatin1String(author::kWebsite)), page);
     httpAttyMerrow->setObjectName(QStringLiteral("httpAttyMerrow"));
-    httpFacebook =
-        new HyperLabel(tr("Community"), QUrl(QStringLiteral("https://community.attymerrow.example/")), page);
+    httpFacebook = new HyperLabel(tr("Community"), QUrl(QLatin1String(author::kCommunity)), page);
     httpFacebook->setObjectName(QStringLiteral("httpFacebook"));
 
     int left = kLeft + lblQuillbrook->sizeHint().width() + 24;

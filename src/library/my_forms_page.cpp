@@ -50,6 +50,18 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     Show(MyFormsMode::Empty);
 }
 
+// Device-independent pixels from the corner of the tab control; the formatting bar begins at 148 on this
+// page.
+constexpr int kTop = 28;
+constexpr int kHeight = 116;
+constexpr int kFieldHeight = 56;
+constexpr int kFieldsLeft = 216;
+constexpr int kFieldsWidth = 234;
+constexpr int kButtonsLeft = 458;
+constexpr int kButtonWidth = 88;
+constexpr int kImportLeft = 554;
+constexpr int kImportWidth = 106;
+
 static Frame* MakeFrame(QWidget* page, const char* name, const QString& caption) {
     auto* frame = new Frame(caption, page);
     frame->setObjectName(QLatin1String(name));
@@ -58,34 +70,34 @@ static Frame* MakeFrame(QWidget* page, const char* name, const QString& caption)
 
 void MyFormsPage::BuildLists(QWidget* page) {
     frmSubCategory = MakeFrame(page, "frmSubCategory", tr("Click Category:"));
-    PlaceOnPage(frmSubCategory, 8, 28, 200, 114);
+    PlaceOnPage(frmSubCategory, 8, kTop, 200, kHeight);
     lstMySubCategory = new ListBox(true, frmSubCategory);
     lstMySubCategory->setObjectName(QStringLiteral("lstMySubCategory"));
     lstMySubCategory->setAccessibleName(tr("Categories of my forms"));
-    lstMySubCategory->setGeometry(6, 20, 188, 88);
+    lstMySubCategory->setGeometry(6, 20, 188, kHeight - 26);
 
     fmeMyTitle = MakeFrame(page, "fmeMyTitle", tr("Click Title:"));
-    PlaceOnPage(fmeMyTitle, 216, 28, 290, 114);
+    PlaceOnPage(fmeMyTitle, kFieldsLeft, kTop, kFieldsWidth, kHeight);
     lstMyTitle = new ListBox(true, fmeMyTitle);
     lstMyTitle->setObjectName(QStringLiteral("lstMyTitle"));
     lstMyTitle->setAccessibleName(tr("Titles of my forms"));
-    lstMyTitle->setGeometry(6, 20, 278, 88);
+    lstMyTitle->setGeometry(6, 20, kFieldsWidth - 12, kHeight - 26);
 }
 
 void MyFormsPage::BuildFields(QWidget* page) {
     Frame6 = MakeFrame(page, "Frame6", tr("My Form's Title:"));
-    PlaceOnPage(Frame6, 216, 28, 290, 55);
+    PlaceOnPage(Frame6, kFieldsLeft, kTop, kFieldsWidth, kFieldHeight);
     txtMyTitle = new QLineEdit(Frame6);
     txtMyTitle->setObjectName(QStringLiteral("txtMyTitle"));
     txtMyTitle->setAccessibleName(tr("Title of my form"));
-    txtMyTitle->setGeometry(6, 21, 278, 26);
+    txtMyTitle->setGeometry(6, 22, kFieldsWidth - 12, 26);
 
     Frame5 = MakeFrame(page, "Frame5", tr("My Form's Category:"));
-    PlaceOnPage(Frame5, 216, 87, 290, 55);
+    PlaceOnPage(Frame5, kFieldsLeft, kTop + kHeight - kFieldHeight, kFieldsWidth, kFieldHeight);
     cboMySubCategory = new ComboBox(true, true, Frame5);
     cboMySubCategory->setObjectName(QStringLiteral("cboMySubCategory"));
     cboMySubCategory->setAccessibleName(tr("Category of my form"));
-    cboMySubCategory->setGeometry(6, 21, 278, 26);
+    cboMySubCategory->setGeometry(6, 22, kFieldsWidth - 12, 26);
 }
 
 void MyFormsPage::BuildButtons(QWidget* page) {
@@ -96,9 +108,20 @@ void MyFormsPage::BuildButtons(QWidget* page) {
         button->setCaption(caption);
         button->setToolTip(tip);
         button->setIcon(Picture(QLatin1String(picture)));
-        PlaceOnPage(button, 514, 30 + row * 28, 92, 25);
+        PlaceOnPage(button, kButtonsLeft, kTop + 2 + row * 28, kButtonWidth, 25);
         return button;
     };
+    fmeImport = MakeFrame(page, "fmeImport", tr("From a File:"));
+    PlaceOnPage(fmeImport, kImportLeft, kTop, kImportWidth, kHeight);
+    btnImport = new MyButton(MyButton::Kind::Plain, fmeImport);
+    btnImport->setObjectName(QStringLiteral("btnImport"));
+    btnImport->setCaption(tr("Open Document"));
+    btnImport->setToolTip(tr("Open / Import .DOC, .RTF or .TXT File from Disk"));
+    btnImport->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    btnImport->setIconSize({32, 32});
+    btnImport->setIcon(Picture(QStringLiteral("import")));
+    btnImport->setGeometry(6, 22, kImportWidth - 12, kHeight - 28);
+
     btnNew = make(0, "btnNew", tr("New"), tr("Make New Form"), "new");
     btnEdit = make(1, "btnEdit", tr("Edit"), tr("Edit Title & Category"), "edit");
     btnAddNew = make(1, "btnAddNew", tr("Add"), tr("Add Form to the Collection"), "add");
@@ -182,9 +205,7 @@ void MyFormsPage::StartNewMyForm() {
     Show(MyFormsMode::Composing);
     txtMyTitle->clear();
     cboMySubCategory->setText(QString());
-    m_workbench.txtMyContent()->setTextRTF(QString());
-    m_workbench.txtMyContent()->setSelFontName(QStringLiteral("Times New Roman"));
-    m_workbench.txtMyContent()->setSelFontSize(12);
+    Q_EMIT NewFormBegun();
     SetFocus(txtMyTitle);
     m_state.NewFormMode = true;
     m_state.MyFormDisplayed = false;

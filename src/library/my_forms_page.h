@@ -90,6 +90,8 @@ public:
     platform::ComboBox* cboMySubCategory;
     platform::Frame* Frame6;
     QLineEdit* txtMyTitle;
+    platform::Frame* fmeImport;
+    platform::MyButton* btnImport;
     platform::MyButton* btnNew;
     platform::MyButton* btnEdit;
     platform::MyButton* btnAddNew;
@@ -99,6 +101,7 @@ public:
 
 Q_SIGNALS:
     void PlainFormShown();
+    void NewFormBegun();        // the pane is to be empty, in the font of new forms
     void HistoryStartsAfresh(); // the pane's text is the one entry of its history of changes
     void HistoryCleared();      // there is nothing to undo or redo
 

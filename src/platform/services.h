@@ -2,6 +2,7 @@
 // the answers. The real ones are in platform/desktop/.
 #pragma once
 
+#include <QColor>
 #include <QString>
 
 class QWidget;
@@ -44,10 +45,32 @@ public:
     virtual void EndProcess() = 0;
 };
 
+// What a font dialog shows when it opens, and gives when it is confirmed.
+struct FontChoice {
+    QString FontName;
+    double FontSize = 0; // points
+    bool FontBold = false;
+    bool FontItalic = false;
+    bool FontStrikethru = false;
+    bool FontUnderline = false;
+    QColor Color;
+};
+
+// The desktop's common dialogs, all modal.
+class CommonDialogService {
+public:
+    virtual ~CommonDialogService() = default;
+
+    // False when the user cancelled; `choice` is then as it was.
+    virtual bool ShowFont(QWidget* parent, FontChoice& choice) = 0;
+    virtual bool ShowColor(QWidget* parent, QColor& color) = 0;
+};
+
 // References to one of each; they outlive every window.
 struct Services {
     MessageBoxService& messageBox;
     InstanceService& instance;
+    CommonDialogService& commonDialog;
 };
 
 } // namespace platform

@@ -6,6 +6,7 @@
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/controls/ss_tab.h"
+#include "search/result_blink.h"
 
 #include <QLabel>
 
@@ -53,6 +54,8 @@ SearchPage::SearchPage(QWidget* page)
     lstSearch->setObjectName(QStringLiteral("lstSearch"));
     lstSearch->setAccessibleName(tr("Forms found"));
     lstSearch->setGeometry(6, 22, 408, 36);
+
+    resultBlink = new ResultBlink(fmeSearchResult);
 
     btnPreviousHit =
         MakeHitButton(page, "btnPreviousHit", tr("Previous Hit"), QStringLiteral("previous-hit"));

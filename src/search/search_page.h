@@ -12,6 +12,8 @@ class MyButton;
 
 namespace quillbrook {
 
+class ResultBlink;
+
 // The Search page: the query box, the titles found, and the buttons that walk the hits.
 class SearchPage final : public QObject {
     Q_OBJECT
@@ -33,6 +35,7 @@ public:
     platform::MyButton* btnPreviousHit;
     platform::MyButton* btnNextHit;
     QLabel* lblDisplayHits;
+    ResultBlink* resultBlink;
 };
 
 } // namespace quillbrook

@@ -143,10 +143,10 @@ private Q_SLOTS:
     }
 
     void ATitleTakesTheCheckMarkFromTheHelpEntryAndHidesTheHitButtons() {
-        (*m_window)->mnuHelpContents->setChecked(true);
+        (*m_window)->Menu(u"mnuHelpContents"_qs)->setChecked(true);
         (*m_window)->searchPage->btnNextHit->show();
         Title(u"Acknowledgment Alone"_qs);
-        QVERIFY(!(*m_window)->mnuHelpContents->isChecked());
+        QVERIFY(!(*m_window)->Menu(u"mnuHelpContents"_qs)->isChecked());
         QVERIFY((*m_window)->searchPage->btnNextHit->isHidden());
     }
 

@@ -45,8 +45,32 @@ public:
     bool ended = false;
 };
 
+// Dialogs confirmed with the test's choice, or cancelled.
+class ScriptedCommonDialog final : public platform::CommonDialogService {
+public:
+    bool ShowFont(QWidget*, platform::FontChoice& choice) override {
+        fontsShown.push_back(choice);
+        if (confirmed)
+            choice = font;
+        return confirmed;
+    }
+    bool ShowColor(QWidget*, QColor& shown) override {
+        colorsShown.push_back(shown);
+        if (confirmed)
+            shown = color;
+        return confirmed;
+    }
+
+    bool confirmed = true;
+    platform::FontChoice font;
+    QColor color;
+    std::vector<platform::FontChoice> fontsShown; // as they came up
+    std::vector<QColor> colorsShown;
+};
+
 struct ScriptedServices {
     ScriptedMessageBox messageBox;
     ScriptedInstance instance;
-    platform::Services services{messageBox, instance};
+    ScriptedCommonDialog commonDialog;
+    platform::Services services{messageBox, instance, commonDialog};
 };

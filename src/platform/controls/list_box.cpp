@@ -127,10 +127,25 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
         Q_EMIT Click();
 }
 
+void ListBox::mouseMoveEvent(QMouseEvent* event) {
+    QListView::mouseMoveEvent(event);
+    const QModelIndex entry = indexAt(event->position().toPoint());
+    Q_EMIT MouseMove(event->buttons(), entry.isValid() ? entry.row() : -1);
+}
+
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
     QListView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
         Q_EMIT DoubleClick();
+}
+
+// Qt's list would choose its first entry when it gets the focus.
+void ListBox::focusInEvent(QFocusEvent* event) {
+    if (currentIndex().isValid())
+        QListView::focusInEvent(event);
+    else
+        QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
 }
 
 void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -45,11 +45,15 @@ Q_SIGNALS:
     // The user chose an entry by mouse or key, or the program by setText or setListIndex.
     void Click();
     void DoubleClick();
+    // The mouse moved over the list, over the entry of an index or, with -1, beside all of them.
+    void MouseMove(Qt::MouseButtons buttons, int index);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:

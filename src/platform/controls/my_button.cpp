@@ -23,6 +23,8 @@ QString MyButton::KindName() const {
     switch (m_kind) {
     case Kind::Plain:
         return QStringLiteral("plain");
+    case Kind::Tool:
+        return QStringLiteral("tool");
     case Kind::Toggle:
         return QStringLiteral("toggle");
     case Kind::Large:

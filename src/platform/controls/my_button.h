@@ -13,6 +13,7 @@ class MyButton final : public QToolButton {
 public:
     enum class Kind {
         Plain,  // caption, with a picture before it where one is set
+        Tool,   // a small picture; for bars
         Toggle, // can show itself pressed
         Large,  // picture above, of 32 pixels; for the toolbar at the left
     };
@@ -25,7 +26,7 @@ public:
     bool Value() const { return isChecked(); }
     void setValue(bool pressed) { setChecked(pressed); }
 
-    QString KindName() const; // "plain", "toggle", "large": for the rules of the look
+    QString KindName() const; // "plain", "tool", "toggle", "large": for the rules of the look
 
     // Adds the drop-down part.
     void AddDropDown();

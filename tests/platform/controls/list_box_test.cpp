@@ -150,6 +150,21 @@ private Q_SLOTS:
         QCOMPARE(doubles.size(), 1);
     }
 
+    void GettingTheFocusChoosesNothing() {
+        ListBox list(true);
+        list.AddItems({u"a"_qs, u"b"_qs});
+        list.show();
+        QVERIFY(QTest::qWaitForWindowActive(&list));
+        QSignalSpy clicks(&list, &ListBox::Click);
+        list.clearFocus();
+        list.setFocus(Qt::TabFocusReason);
+        QVERIFY(list.hasFocus());
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(list.ListIndex(), -1);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(list.Text(), u"a"_qs);
+    }
+
     void TabLeavesTheList() {
         QWidget window;
         ListBox list(true, &window);

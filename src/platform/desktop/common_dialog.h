@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/services.h"
+
+namespace platform {
+
+// The common dialogs on Qt's own.
+class CommonDialog final : public CommonDialogService {
+public:
+    // Offers font, style, size, underline, strikethrough and colour, with a sample.
+    bool ShowFont(QWidget* parent, FontChoice& choice) override;
+    bool ShowColor(QWidget* parent, QColor& color) override;
+};
+
+} // namespace platform

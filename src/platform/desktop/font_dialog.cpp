@@ -1,0 +1,78 @@
+#include "platform/desktop/font_dialog.h"
+
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QFontDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace platform {
+
+static QFont FontOf(const FontChoice& choice) {
+    QFont font(choice.FontName);
+    if (choice.FontSize > 0)
+        font.setPointSizeF(choice.FontSize);
+    font.setBold(choice.FontBold);
+    font.setItalic(choice.FontItalic);
+    font.setStrikeOut(choice.FontStrikethru);
+    font.setUnderline(choice.FontUnderline);
+    return font;
+}
+
+FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
+    : QDialog(parent)
+    , m_fonts(new QFontDialog(FontOf(choice)))
+    , m_colorButton(new QPushButton)
+    , m_color(choice.Color) {
+    setWindowTitle(tr("Fonts"));
+    m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
+    m_fonts->setWindowFlags(Qt::Widget);
+    m_fonts->setCurrentFont(FontOf(choice));
+
+    auto* label = new QLabel(tr("&Color:"));
+    label->setBuddy(m_colorButton);
+    m_colorButton->setAccessibleName(tr("Color"));
+    m_colorButton->setIconSize({48, 16});
+    m_colorButton->setAutoDefault(false);
+    connect(m_colorButton, &QPushButton::clicked, this, &FontDialog::ChooseColor);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(11, 0, 11, 0);
+    row->addWidget(label);
+    row->addWidget(m_colorButton);
+    row->addStretch();
+    row->addWidget(buttons);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 11);
+    column->addWidget(m_fonts);
+    column->addLayout(row);
+    ShowColor();
+}
+
+FontChoice FontDialog::Choice() const {
+    const QFont font = m_fonts->currentFont();
+    return {font.family(),    font.pointSizeF(), font.bold(), font.italic(),
+            font.strikeOut(), font.underline(),  m_color};
+}
+
+void FontDialog::ChooseColor() {
+    const QColor chosen =
+        QColorDialog::getColor(m_color, this, tr("Text Color"), QColorDialog::DontUseNativeDialog);
+    if (!chosen.isValid())
+        return;
+    m_color = chosen;
+    ShowColor();
+}
+
+void FontDialog::ShowColor() {
+    QPixmap sample(m_colorButton->iconSize() * devicePixelRatioF());
+    sample.fill(m_color);
+    m_colorButton->setIcon(sample);
+}
+
+} // namespace platform
