@@ -41,15 +41,6 @@ std::unique_ptr<QTextDocument> DocumentOf(const QByteArray& source) {
     return text ? PlainTextDocument(*text) : nullptr;
 }
 
-// Where two texts begin to differ, and where in the second they are alike again up to the end.
-std::pair<qsizetype, qsizetype> Difference(const QString& before, const QString& after) {
-    const qsizetype shorter = std::min(before.size(), after.size());
-    const auto first = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
-    const qsizetype from = first.first - before.begin();
-    const auto last = std::mismatch(before.rbegin(), before.rbegin() + (shorter - from), after.rbegin());
-    return {from, after.size() - (last.first - before.rbegin())};
-}
-
 } // namespace
 
 RichTextBox::Edit::Edit(RichTextBox& box)
@@ -69,10 +60,11 @@ RichTextBox::Edit::~Edit() {
         return;
     }
     if (m_box.m_touched) {
-        if (m_hadText && m_box.document()->isEmpty())
+        if (m_hadText && !m_box.m_asGiven && m_box.document()->isEmpty())
             m_box.KeepFontOfEmptyBox(m_formatBefore);
         m_box.ShowChangedMarkers(m_box.document()->blockCount() - m_blocksBefore);
     }
+    m_box.m_asGiven = false;
     --m_box.m_edits;
     if (std::exchange(m_box.m_touched, false))
         m_box.TellChange();
@@ -187,6 +179,7 @@ void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool 
             delete old;
     }
     m_selTouched = true;
+    edit.TakeAsGiven();
     if (isChange)
         m_touched = true;
     else
@@ -201,7 +194,7 @@ void RichTextBox::ShowChangedMarkers(int paragraphsAdded) {
     const int from = std::min(m_changedFrom, document()->characterCount() - 1);
     const int to = m_changedTo;
     ShowMarkers(*document(), from, to);
-    if (paragraphsAdded != 0 || listsChanged) {
+    if (!m_asGiven && (paragraphsAdded != 0 || listsChanged)) {
         const int touched =
             document()->findBlock(std::min(to, document()->characterCount() - 1)).blockNumber() -
             document()->findBlock(from).blockNumber() + 1;
@@ -276,40 +269,6 @@ bool RichTextBox::setTextRTF(const QByteArray& source) {
     if (!document)
         return false;
     ReplaceDocument(std::move(document), true);
-    return true;
-}
-
-RtfSnapshot RichTextBox::Snapshot() const {
-    if (!m_writer)
-        m_writer = std::make_unique<RtfWriterCache>(*document());
-    return m_writer->Snapshot();
-}
-
-// The caret goes behind what the snapshot has otherwise than the text before.
-bool RichTextBox::setSnapshot(const RtfSnapshot& snapshot) {
-    Edit edit(*this);
-    const QString before = Text();
-    const int anchor = textCursor().anchor();
-    const int position = textCursor().position();
-    const int scrolled = verticalScrollBar()->value();
-    if (snapshot.IsEmpty() || !setTextRTF(snapshot.Join()))
-        return false;
-    QTextCursor cursor = textCursor();
-    const int end = document()->characterCount() - 1;
-    if (const auto [from, to] = Difference(before, Text()); from < to || before.size() != Text().size()) {
-        cursor.setPosition(std::min(int(to), end));
-    } else {
-        cursor.setPosition(std::min(anchor, end));
-        cursor.setPosition(std::min(position, end), QTextCursor::KeepAnchor);
-    }
-    if (cursor.position() != 0 || cursor.hasSelection()) {
-        if (isVisible() && scrolled > 0) {
-            // laid out as far as it was seen, so that the view stays where it was
-            document()->documentLayout()->hitTest(QPointF(0, scrolled + viewport()->height()), Qt::FuzzyHit);
-            verticalScrollBar()->setValue(scrolled);
-        }
-        setTextCursor(cursor);
-    }
     return true;
 }
 

@@ -44,6 +44,8 @@ public:
     bool setTextRTF(const QByteArray& source);
 
     // The source at this moment, sharing what did not change since the last call. Cheap after each keystroke.
+    // Setting brings exactly this source back and puts the caret behind what it changed; an empty snapshot is
+    // refused.
     RtfSnapshot Snapshot() const;
     bool setSnapshot(const RtfSnapshot& snapshot);
 
@@ -165,6 +167,7 @@ private:
     void TellChange();
     void TellSelection();
     bool IsPristine() const;
+    bool ApplyDifference(const RtfSnapshot& snapshot);
     void ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange);
     void FitPage();
     void SetPageMargins(QTextDocument& document) const;
@@ -189,6 +192,7 @@ private:
     bool m_touched = false; // the document told of a change since the last Change
     bool m_selTouched = false;
     bool m_listsChanged = false; // paragraphs have come to a list or left one
+    bool m_asGiven = false;      // the outermost edit sets what is wanted as it is
     int m_toldAnchor = 0;
     int m_toldPosition = 0;
     int m_changedFrom = -1; // positions changed since markers were last shown, -1 for none

@@ -19,6 +19,9 @@ public:
     // What the document told of since this guard began is no change of content or format.
     void Forget() { m_box.m_touched = m_touchedBefore; }
 
+    // What is set is wanted as it is: no list is counted again, no font kept.
+    void TakeAsGiven() { m_box.m_asGiven = true; }
+
 private:
     RichTextBox& m_box;
     bool m_touchedBefore;

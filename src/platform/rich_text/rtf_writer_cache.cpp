@@ -61,6 +61,50 @@ bool RtfSnapshot::operator==(const RtfSnapshot& other) const {
     return m_body == other.m_body || Join() == other.Join();
 }
 
+std::optional<RtfDifference> RtfSnapshot::DifferenceFrom(const RtfSnapshot& from, qsizetype most) const {
+    if (m_header != from.m_header || m_end != from.m_end)
+        return std::nullopt;
+    const auto partsOf = [](const RtfSnapshot& snapshot) {
+        std::vector<QByteArrayView> parts;
+        for (const auto& pieces : snapshot.m_body)
+            parts.insert(parts.end(), pieces->begin(), pieces->end());
+        return parts;
+    };
+    const auto isSame = [](QByteArrayView one, QByteArrayView other) {
+        return one.size() == other.size() && (one.data() == other.data() || one == other);
+    };
+    const std::vector<QByteArrayView> before = partsOf(from);
+    const std::vector<QByteArrayView> after = partsOf(*this);
+    const std::size_t fewer = std::min(before.size(), after.size());
+    std::size_t first = 0;
+    while (first < fewer && isSame(before[first], after[first]))
+        ++first;
+    std::size_t last = 0; // parts that are the same at the end
+    while (last < fewer - first && isSame(before[before.size() - 1 - last], after[after.size() - 1 - last]))
+        ++last;
+    if (first == before.size() && first == after.size())
+        return std::nullopt;
+    if (first + last == fewer) { // parts only came or only went
+        if (first > 0)
+            --first;
+        else if (last > 0)
+            --last;
+        else
+            return std::nullopt;
+    }
+    RtfDifference difference;
+    difference.first = static_cast<qsizetype>(first);
+    difference.removed = static_cast<qsizetype>(before.size() - first - last);
+    difference.added = static_cast<qsizetype>(after.size() - first - last);
+    if (std::max(difference.removed, difference.added) > most)
+        return std::nullopt;
+    difference.source = m_header;
+    for (std::size_t i = first; i < after.size() - last; ++i)
+        difference.source.append(after[i]);
+    difference.source.append(m_end);
+    return difference;
+}
+
 class RtfWriterCache::Private {
 public:
     explicit Private(QTextDocument& document)
@@ -71,6 +115,7 @@ public:
     void Reset();
     void Replace(int firstBlock, int oldBlocks, int newBlocks);
     RtfSnapshot Snapshot();
+    std::pair<int, int> BlocksOfParts(qsizetype first, qsizetype count) const;
 
     QTextDocument& m_document;
     int m_blockCount = 0;
@@ -354,6 +399,22 @@ RtfSnapshot RtfWriterCache::Private::Snapshot() {
     return snapshot;
 }
 
+std::pair<int, int> RtfWriterCache::Private::BlocksOfParts(qsizetype first, qsizetype count) const {
+    int before = 0;
+    int blocks = 0;
+    qsizetype number = 0;
+    for (const Chunk& chunk : m_chunks) {
+        for (const CachedPart& part : chunk.parts) {
+            if (number < first)
+                before += part.blocks;
+            else if (number < first + count)
+                blocks += part.blocks;
+            ++number;
+        }
+    }
+    return {before, blocks};
+}
+
 RtfWriterCache::RtfWriterCache(QTextDocument& document, QObject* parent)
     : QObject(parent)
     , d(std::make_unique<Private>(document)) {
@@ -365,6 +426,10 @@ RtfWriterCache::~RtfWriterCache() = default;
 
 RtfSnapshot RtfWriterCache::Snapshot() {
     return d->Snapshot();
+}
+
+std::pair<int, int> RtfWriterCache::BlocksOfParts(qsizetype first, qsizetype count) const {
+    return d->BlocksOfParts(first, count);
 }
 
 void RtfWriterCache::Reset() {

@@ -3,11 +3,23 @@
 #include <QByteArray>
 #include <QObject>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 class QTextDocument;
 
 namespace platform {
+
+// How a document comes to the state of a snapshot: `removed` parts from `first` on (a part is a paragraph, or
+// a table with all it holds) give way to the `added` parts of the document whose source this is. At least one
+// part is removed and one added.
+struct RtfDifference {
+    qsizetype first = 0;
+    qsizetype removed = 0;
+    qsizetype added = 0;
+    QByteArray source;
+};
 
 // The source of a document at one moment, as pieces that it shares with other moments: many snapshots of a
 // large document that differ in a paragraph or two cost little more than one.
@@ -24,6 +36,10 @@ public:
 
     // Whether two snapshots have the same source; fast where they share their pieces.
     bool operator==(const RtfSnapshot& other) const;
+
+    // What makes this state of `from`. Empty when they are the same, when they differ in more than `most`
+    // parts, or in what stands around the parts.
+    std::optional<RtfDifference> DifferenceFrom(const RtfSnapshot& from, qsizetype most) const;
 
 private:
     friend class RtfWriterCache;
@@ -49,6 +65,9 @@ public:
 
     RtfSnapshot Snapshot();
     QByteArray Source() { return Snapshot().Join(); }
+
+    // The first block and the number of blocks of parts of the last snapshot, while nothing changed since.
+    std::pair<int, int> BlocksOfParts(qsizetype first, qsizetype count) const;
 
     // Writes everything anew next time.
     void Reset();

@@ -148,6 +148,74 @@ private Q_SLOTS:
         QCOMPARE(QString::fromLatin1(box.Snapshot().Join()), QString::fromLatin1(state.Join()));
     }
 
+    void RandomEditsGoBackAndForthExactly_data() {
+        QTest::addColumn<quint32>("seed");
+        for (quint32 seed = 1; seed <= 30; ++seed)
+            QTest::addRow("%u", seed) << seed;
+    }
+    void RandomEditsGoBackAndForthExactly() {
+        QFETCH(quint32, seed);
+        platform::RandomDocument random(seed);
+        RichTextBox box;
+        QVERIFY(box.setTextRTF(platform::WriteRtf(*random.Document(30))));
+        std::vector<RtfSnapshot> states{box.Snapshot()};
+        std::vector<QString> texts{box.Text()};
+        for (int i = 0; i < 12; ++i) {
+            random.Edit(*box.document());
+            // a state that was typed is first read once, as its tables and lists get their place in the file
+            // then
+            QVERIFY(box.setTextRTF(box.Snapshot().Join()));
+            states.push_back(box.Snapshot());
+            texts.push_back(box.Text());
+        }
+        for (int i = 0; i < 40; ++i) {
+            const auto step = static_cast<std::size_t>(random.Below(int(states.size())));
+            const QSignalSpy changes(&box, &RichTextBox::Change);
+            QVERIFY(box.setSnapshot(states[step]));
+            QCOMPARE(changes.count(), 1);
+            QCOMPARE(QString::fromLatin1(box.Snapshot().Join()), QString::fromLatin1(states[step].Join()));
+            QCOMPARE(QString::fromLatin1(platform::WriteRtf(*box.document())),
+                     QString::fromLatin1(states[step].Join()));
+            QCOMPARE(box.Text(), texts[step]);
+        }
+    }
+
+    void AnEmptyStateComesBackWithItsOwnFont() {
+        RichTextBox box;
+        box.setSelFontName(QStringLiteral("Georgia"));
+        box.setSelFontSize(12);
+        const RtfSnapshot empty = box.Snapshot();
+        box.setTextRTF(QStringLiteral("{\\rtf1\\fs40 text}"));
+        box.setSnapshot(empty);
+        QCOMPARE(box.Snapshot().Join(), empty.Join());
+        QCOMPARE(box.SelFontName(), QStringLiteral("Georgia"));
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        const RtfSnapshot typed = box.Snapshot();
+        box.setSnapshot(empty);
+        QCOMPARE(box.Snapshot().Join(), empty.Join());
+        box.setSnapshot(typed);
+        QCOMPARE(box.Snapshot().Join(), typed.Join());
+        box.selectAll();
+        QCOMPARE(box.SelFontName(), QStringLiteral("Georgia"));
+    }
+
+    void ASmallDifferenceChangesTheDocumentInPlace() {
+        RichTextBox box;
+        box.setTextRTF(kForm);
+        const RtfSnapshot before = box.Snapshot();
+        box.setSelStart(18);
+        QTest::keyClicks(&box, QStringLiteral("xyz"));
+        QTest::keyClick(&box, Qt::Key_Return);
+        const RtfSnapshot after = box.Snapshot();
+        const QTextDocument* const document = box.document();
+        box.setSnapshot(before);
+        QCOMPARE(box.Snapshot().Join(), before.Join());
+        box.setSnapshot(after);
+        QCOMPARE(box.Snapshot().Join(), after.Join());
+        QCOMPARE(box.document(), document);
+        QVERIFY(!document->isUndoAvailable());
+    }
+
     void ASnapshotPutsTheCaretBehindWhatItChanges() {
         RichTextBox box;
         box.setText(QStringLiteral("The seller sells."));
