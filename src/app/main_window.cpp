@@ -134,6 +134,7 @@ void frmMain::BuildPanes() {
         box->setObjectName(QLatin1String(name));
         box->setAccessibleName(accessibleName);
         box->setPageLike(true);
+        box->setFont(QFont(QStringLiteral("Times New Roman"), 12)); // of a form that is begun here
         return box;
     };
     m_txtContent = pane("txtContent", tr("Form"));

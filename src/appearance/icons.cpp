@@ -25,11 +25,11 @@ public:
     explicit PictureEngine(QByteArray source)
         : m_source(std::move(source)) {}
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         painter->save();
         if (mode == QIcon::Disabled)
             painter->setOpacity(painter->opacity() * 0.35);
-        Renderer().render(painter, rect);
+        Renderer(state == QIcon::On).render(painter, rect);
         painter->restore();
     }
 
@@ -44,25 +44,28 @@ public:
     QIconEngine* clone() const override { return new PictureEngine(m_source); }
 
 private:
-    // The picture in the palette's colours; drawn anew when they change, as on a switch to a dark desktop.
-    QSvgRenderer& Renderer() {
+    // The picture in the palette's colours, or in the colour of text on the accent for a control that shows
+    // itself pressed. Drawn anew when they change, as on a switch to a dark desktop.
+    QSvgRenderer& Renderer(bool pressed) {
         const QPalette palette = QGuiApplication::palette();
         const bool dark = palette.color(QPalette::Window).lightness() < 128;
-        if (!m_renderer || dark != m_dark) {
-            m_dark = dark;
+        const Colors colors = pressed ? Colors{"#ffffff", "#ffffff"}
+                              : dark  ? Colors{"#d5dae2", "#7fb0ff"}
+                                      : Colors{kLineInFile, kAccentInFile};
+        if (!m_renderer || colors != m_colors) {
+            m_colors = colors;
             QByteArray source = m_source;
-            if (dark) {
-                source.replace(kLineInFile, "#d5dae2");
-                source.replace(kAccentInFile, "#7fb0ff");
-            }
+            source.replace(kLineInFile, colors.first).replace(kAccentInFile, colors.second);
             m_renderer = std::make_unique<QSvgRenderer>(source);
         }
         return *m_renderer;
     }
 
+    using Colors = std::pair<QByteArray, QByteArray>; // of the lines and of the accent
+
     QByteArray m_source;
     std::unique_ptr<QSvgRenderer> m_renderer;
-    bool m_dark = false;
+    Colors m_colors;
 };
 
 QIcon PictureFromFile(const QString& path) {

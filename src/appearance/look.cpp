@@ -44,6 +44,13 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton:focus { border-color: %3; }
         platform--MyButton:pressed { background: %2; }
         platform--MyButton:checked { background: %3; border-color: %3; color: white; }
+        platform--MyButton::menu-button {
+            border: none; border-left: 1px solid transparent; border-top-right-radius: 4px;
+            border-bottom-right-radius: 4px; width: 15px; background: transparent;
+        }
+        platform--MyButton::menu-button:hover { background: %2; }
+        platform--MyButton::menu-arrow { image: url(:/icons/drop-down.svg); width: 8px; height: 8px; }
+        platform--MyButton[kind="large"] { padding: 1px; }
         platform--MyButton:disabled { color: %5; }
         platform--MyButton[kind="plain"] { background: %7; border-color: %2; }
         platform--MyButton[kind="plain"]:hover { background: %4; }

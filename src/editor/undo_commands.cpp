@@ -34,7 +34,9 @@ UndoCommands::Pane UndoCommands::Of(bool myForms) {
     return {m_history, m_workbench.txtContent(), m_bar.btnUndo, m_bar.btnRedo};
 }
 
-UndoCommands::Pane UndoCommands::Current() { return Of(m_workbench.CurrentTab() == Tab::MyForms); }
+UndoCommands::Pane UndoCommands::Current() {
+    return Of(m_workbench.CurrentTab() == Tab::MyForms);
+}
 
 void UndoCommands::SetUndoEnabled(const Pane& pane, bool enabled) {
     pane.undo->setEnabled(enabled);
@@ -61,7 +63,10 @@ void UndoCommands::Write(const Pane& pane, const PaneHistory::Replay& replay) {
         return;
     const int caret = pane.box->SelStart();
     const int scrolled = pane.box->verticalScrollBar()->value();
-    pane.box->setSnapshot(*replay.Entry());
+    if (replay.Entry()->IsEmpty())
+        pane.box->setTextRTF(QString()); // a step that was never written
+    else
+        pane.box->setSnapshot(*replay.Entry());
     pane.box->setSelStart(caret);
     pane.box->verticalScrollBar()->setValue(scrolled);
     // the same text written again is no change that would show the controls' state

@@ -56,11 +56,11 @@ constexpr int kTop = 28;
 constexpr int kHeight = 116;
 constexpr int kFieldHeight = 56;
 constexpr int kFieldsLeft = 216;
-constexpr int kFieldsWidth = 234;
-constexpr int kButtonsLeft = 458;
-constexpr int kButtonWidth = 88;
-constexpr int kImportLeft = 554;
-constexpr int kImportWidth = 106;
+constexpr int kFieldsWidth = 226;
+constexpr int kButtonsLeft = 450;
+constexpr int kButtonWidth = 86;
+constexpr int kImportLeft = 544;
+constexpr int kImportWidth = 116;
 
 static Frame* MakeFrame(QWidget* page, const char* name, const QString& caption) {
     auto* frame = new Frame(caption, page);
