@@ -4,7 +4,56 @@ set -euo pipefail
 # shellcheck source=tour/hands.sh
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
+# go_to PAGE: clicks the tab of a page, 0 to 5
+go_to() {
+  local centres=(165 285 395 495 590 695)
+  click "$main" "${centres[$1]}" 43
+  settle
+}
+
 start_program
 main=$(wait_window 'Quillbrook by' 60) || fail "the main window did not come"
 picture 01-start
+
+# three clicks: a category, a sub-category, a title
+click "$main" 340 165 # Sales
+click "$main" 500 152 # its second sub-category
+click "$main" 640 137 # the first title
+picture_of "$main" 02-form
+wait_window 'Quillbrook by' 5 >/dev/null || fail "the page lost its title"
+
+# the same form on the other pages
+go_to 2
+picture_of "$main" 03-edit
+keys ctrl+End
+write "Done at the office."
+picture_of "$main" 04-edited
+
+go_to 0
+click "$main" 428 73 # Favorite
+go_to 3
+picture_of "$main" 05-favorites
+go_to 4
+picture_of "$main" 06-history
+
+# a form of one's own
+go_to 5
+click "$main" 577 66 # New
+write "Engagement Letter"
+keys Tab
+write "Letters"
+keys Return
+write "Dear Client,"
+picture_of "$main" 07-new-form
+click "$main" 577 94 # Add
+picture_of "$main" 08-my-forms
+
+go_to 1
+picture_of "$main" 09-search
+go_to 0
+
+# a large window: the page keeps a comfortable width
+timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
+picture_of "$main" 10-large
+
 close_program "$main"
