@@ -193,6 +193,8 @@ void RichTextBox::ShowChangedMarkers(int paragraphsAdded) {
         return;
     const int from = std::min(m_changedFrom, document()->characterCount() - 1);
     const int to = m_changedTo;
+    if (!m_asGiven && paragraphsAdded < 0)
+        FreeLooseFillers(*document(), from, to);
     ShowMarkers(*document(), from, to);
     if (!m_asGiven && (paragraphsAdded != 0 || listsChanged)) {
         const int touched =
@@ -208,6 +210,9 @@ void RichTextBox::ShowChangedMarkers(int paragraphsAdded) {
 void RichTextBox::KeepFontOfEmptyBox(const QTextCharFormat& format) {
     Edit edit(*this);
     QTextCursor cursor(document());
+    QTextBlockFormat block = cursor.blockFormat();
+    block.clearProperty(Filler); // it parts no tables now
+    cursor.setBlockFormat(block);
     cursor.setBlockCharFormat(TextOnlyFormat(format));
 }
 

@@ -143,6 +143,8 @@ Q_SIGNALS:
 public Q_SLOTS:
     // As QTextEdit's, told by one Change.
     void clear();
+    void cut();
+    void paste();
 
 protected:
     bool event(QEvent* event) override;

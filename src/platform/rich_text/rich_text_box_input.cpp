@@ -136,6 +136,16 @@ void RichTextBox::dropEvent(QDropEvent* event) {
     QTextEdit::dropEvent(event);
 }
 
+void RichTextBox::cut() {
+    Edit edit(*this);
+    QTextEdit::cut();
+}
+
+void RichTextBox::paste() {
+    Edit edit(*this);
+    QTextEdit::paste();
+}
+
 QMimeData* RichTextBox::createMimeDataFromSelection() const {
     return MimeOfSelection(textCursor()).release();
 }

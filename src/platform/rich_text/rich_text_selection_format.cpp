@@ -2,6 +2,7 @@
 
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
 #include <cmath>
 #include <vector>
 
@@ -231,6 +232,30 @@ QTextCharFormat TextOnlyFormat(const QTextCharFormat& format) {
           int(EmbeddedObject), int(ObjectNumber), int(PictureWidth), int(PictureHeight)})
         text.clearProperty(property);
     return text;
+}
+
+void FreeLooseFillers(QTextDocument& document, int from, int to) {
+    QTextBlock block = document.findBlock(from);
+    if (block.previous().isValid())
+        block = block.previous();
+    for (bool isBehind = false; block.isValid() && !isBehind; block = block.next()) {
+        isBehind = block.position() > to;
+        if (!block.blockFormat().boolProperty(Filler))
+            continue;
+        const QTextFrame* const frame = document.frameAt(block.position());
+        const auto isText = [&document, frame](const QTextBlock& other) {
+            return !other.isValid() || document.frameAt(other.position()) == frame;
+        };
+        if (frame != document.rootFrame() || !isText(block.previous()) || !isText(block.next()))
+            continue;
+        QTextBlockFormat format = block.blockFormat();
+        format.clearProperty(Filler);
+        QTextCharFormat text = block.charFormat();
+        text.clearProperty(QTextFormat::FontPointSize);
+        QTextCursor cursor(block);
+        cursor.setBlockFormat(format);
+        cursor.setBlockCharFormat(text);
+    }
 }
 
 void PartBreaks(const QTextBlock& first, const QTextBlock& last) {

@@ -96,6 +96,10 @@ QTextBlockFormat WithBullet(const QTextBlockFormat& fileFormat, bool bullet);
 // A format for text, from one that may be of a picture or an object.
 QTextCharFormat TextOnlyFormat(const QTextCharFormat& format);
 
+// Makes the fillers that the positions `from` to `to` touch, and their neighbours, paragraphs of the text
+// where they part no tables any more.
+void FreeLooseFillers(QTextDocument& document, int from, int to);
+
 // Paragraphs that arose by parting one, the blocks from `first` to `last`, share its format: a page break is
 // left to the first, a section's end to the last.
 void PartBreaks(const QTextBlock& first, const QTextBlock& last);

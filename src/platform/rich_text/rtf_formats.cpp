@@ -150,7 +150,9 @@ QTextCharFormat RtfFormats::Make(const RtfCharState& state) const {
         format.setProperty(HiddenText, true);
         format.setProperty(HiddenSize, state.halfPoints);
         format.setForeground(Qt::transparent);
-        format.setFontPointSize(0.75);
+        // Qt makes raised and lowered text of two thirds of the size, of which a point has to be left
+        const bool isRaised = format.verticalAlignment() != QTextCharFormat::AlignNormal;
+        format.setFontPointSize(isRaised ? 1.5 : 0.75);
     }
     return format;
 }

@@ -183,6 +183,21 @@ private Q_SLOTS:
         QCOMPARE(box.SelAlignment(), 0);
     }
 
+    void ATableTakenAwayLeavesOrdinaryParagraphs() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\trowd\\cellx3000\\intbl a\\cell\\row\\pard z\\par}"));
+        const auto end = int(box.Text().indexOf(u'z'));
+        box.setSelStart(0);
+        box.setSelLength(end);
+        box.setSelText(QString());
+        const QString text = box.Text();
+        box.setTextRTF(box.TextRTF());
+        QCOMPARE(box.Text(), text);
+        box.selectAll();
+        box.setSelText(QString());
+        QVERIFY(box.TextRTF().contains(QStringLiteral("\\par")));
+    }
+
     void AnEmptiedBoxGoesOnInItsFont() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Courier New;}}\\f0\\fs40 ab}"));
