@@ -47,10 +47,21 @@ public:
     explicit FieldPlanner(const RtfFieldKeys& keys)
         : m_keys(keys) {}
 
-    void NoteLast(int field, std::size_t position) { m_last[field] = position; }
+    // A stretch is text without a gap between its fields; nothing reaches over a gap. First all fields are
+    // noted, then, behind Restart(), entered in the same order.
+    void EndStretch() { ++m_stretch; }
+    void Restart() { m_stretch = 0; }
+    void NoteLast(int field, std::size_t position) {
+        if (field == 0)
+            EndStretch();
+        else
+            m_last[{field, m_stretch}] = position;
+    }
 
     RtfFieldStep Enter(RtfFieldKey key, std::size_t position) {
         RtfFieldStep step;
+        if (key.field == 0)
+            EndStretch();
         const auto known = std::find(m_open.begin(), m_open.end(), key.field);
         if (key.field == 0 || known != m_open.end()) {
             const auto keep = key.field == 0 ? 0 : known - m_open.begin() + 1;
@@ -77,10 +88,13 @@ public:
     void CloseAll() { m_open.clear(); }
 
 private:
-    bool GoesOn(int field, std::size_t position) const { return field > 0 && m_last.value(field) > position; }
+    bool GoesOn(int field, std::size_t position) const {
+        return field > 0 && m_last.value({field, m_stretch}) > position;
+    }
 
     const RtfFieldKeys& m_keys;
-    QHash<int, std::size_t> m_last;
+    QHash<std::pair<int, int>, std::size_t> m_last; // by field and stretch
+    int m_stretch = 0;
     std::vector<int> m_open;
 };
 
@@ -158,15 +172,20 @@ std::vector<RtfFieldSteps> PlanFields(const std::vector<const RtfFieldSequence*>
     FieldPlanner planner(keys);
     std::size_t position = 0;
     for (const RtfFieldSequence* part : parts) {
-        if (!part)
+        if (!part || part->empty()) {
+            planner.EndStretch();
             continue;
+        }
         for (const RtfFieldKey& key : *part)
             planner.NoteLast(key.field, position++);
     }
+    planner.Restart();
     position = 0;
     for (std::size_t i = 0; i < parts.size(); ++i) {
-        if (!parts[i] || parts[i]->empty())
+        if (!parts[i] || parts[i]->empty()) {
+            planner.EndStretch();
             continue;
+        }
         plan[i].openBefore = planner.OpenCount();
         for (const RtfFieldKey& key : *parts[i])
             plan[i].steps.push_back(planner.Enter(key, position++));

@@ -180,6 +180,27 @@ private Q_SLOTS:
         }
     }
 
+    void FieldsThatNowTouchComeBackAsTheyWere() {
+        const auto field = [](const char* name, const char* text) {
+            return QStringLiteral("{\\field{\\*\\fldinst REF %1}{\\fldrslt %2}}")
+                .arg(QLatin1String(name), QLatin1String(text));
+        };
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 ") + field("one", "first") + QStringLiteral(" and ") +
+                       field("two", "second") + QStringLiteral(" end\\par}"));
+        box.setSelStart(4);
+        box.setSelText(QStringLiteral("\n")); // the first field goes on in the next paragraph
+        box.setSelStart(7);
+        box.setSelLength(4);
+        box.setSelText(QString());
+        box.setSelStart(1);
+        box.setSelRTF(QStringLiteral("{\\rtf1 x}"));
+        const RtfSnapshot state = box.Snapshot();
+        box.setText(QStringLiteral("other"));
+        box.setSnapshot(state);
+        QCOMPARE(QString::fromLatin1(box.Snapshot().Join()), QString::fromLatin1(state.Join()));
+    }
+
     void AnEmptyStateComesBackWithItsOwnFont() {
         RichTextBox box;
         box.setSelFontName(QStringLiteral("Georgia"));
