@@ -22,14 +22,15 @@ constexpr char kAccentInFile[] = "#2f6fde";
 
 class PictureEngine final : public QIconEngine {
 public:
-    explicit PictureEngine(QByteArray source)
-        : m_source(std::move(source)) {}
+    PictureEngine(QByteArray source, bool toggles)
+        : m_source(std::move(source))
+        , m_toggles(toggles) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         painter->save();
         if (mode == QIcon::Disabled)
             painter->setOpacity(painter->opacity() * 0.35);
-        Renderer(state == QIcon::On).render(painter, rect);
+        Renderer(m_toggles && state == QIcon::On).render(painter, rect);
         painter->restore();
     }
 
@@ -41,7 +42,7 @@ public:
         return drawn;
     }
 
-    QIconEngine* clone() const override { return new PictureEngine(m_source); }
+    QIconEngine* clone() const override { return new PictureEngine(m_source, m_toggles); }
 
 private:
     // The picture in the palette's colours, or in the colour of text on the accent for a control that shows
@@ -64,22 +65,27 @@ private:
     using Colors = std::pair<QByteArray, QByteArray>; // of the lines and of the accent
 
     QByteArray m_source;
+    bool m_toggles;
     std::unique_ptr<QSvgRenderer> m_renderer;
     Colors m_colors;
 };
 
-QIcon PictureFromFile(const QString& path) {
+QIcon PictureFromFile(const QString& path, bool toggles = false) {
     LoadAssets();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return QIcon(new PictureEngine(file.readAll()));
+    return QIcon(new PictureEngine(file.readAll(), toggles));
 }
 
 } // namespace
 
 QIcon Picture(const QString& name) {
     return PictureFromFile(QStringLiteral(":/icons/") + name + QStringLiteral(".svg"));
+}
+
+QIcon TogglePicture(const QString& name) {
+    return PictureFromFile(QStringLiteral(":/icons/") + name + QStringLiteral(".svg"), true);
 }
 
 QIcon ProgramPicture() {

@@ -10,6 +10,9 @@ namespace quillbrook {
 // an empty picture.
 QIcon Picture(const QString& name);
 
+// The same for a control that shows itself pressed: then it is drawn in the colour of text on the accent.
+QIcon TogglePicture(const QString& name);
+
 // The program's picture for the window list and the desktop.
 QIcon ProgramPicture();
 

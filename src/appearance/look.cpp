@@ -56,6 +56,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton[kind="plain"]:hover { background: %4; }
         platform--MyButton[kind="plain"]:focus { border-color: %3; }
         platform--MyButton[kind="toggle"] { padding: 0px 4px; }
+        platform--MyButton#btnImport { padding: 2px; }
         platform--MyButton#btnMyForms { border-color: %2; padding: 1px 8px; }
         platform--ListBox {
             background: %7; border: 1px solid %2; border-radius: 4px; outline: none; padding: 2px; color: %6;

@@ -34,7 +34,8 @@ public:
         auto* button = new MyButton(kind, m_bar);
         button->setObjectName(QLatin1String(name));
         button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-        button->setIcon(Picture(QLatin1String(picture)));
+        const QString file = QLatin1String(picture);
+        button->setIcon(kind == MyButton::Kind::Toggle ? TogglePicture(file) : Picture(file));
         button->setToolTip(tip);
         button->setAccessibleName(tip);
         button->setGeometry(m_left, m_top, kButtonWidth, kControlHeight);

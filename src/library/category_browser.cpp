@@ -72,7 +72,7 @@ void CategoryBrowser::BuildHeading(QWidget* page) {
     PlaceOnPage(lblQuillbrook, kLeft, kHeadingTop, kUsableWidth, kHeadingHeight);
 
     btnMyForms = MakeButton(MyButton::Kind::Toggle, "btnMyForms", tr("My Forms"), page);
-    btnMyForms->setIcon(Picture(QStringLiteral("my-forms")));
+    btnMyForms->setIcon(TogglePicture(QStringLiteral("my-forms")));
     btnMyForms->setToolTip(tr("Browse Your Own Forms"));
     cmdAddtoFavs = MakeButton(MyButton::Kind::Plain, "cmdAddtoFavs", tr("Favorite"), page);
     cmdAddtoFavs->setIcon(Picture(QStringLiteral("star")));

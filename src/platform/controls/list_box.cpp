@@ -3,9 +3,57 @@
 #include "platform/controls/list_model.h"
 
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
 namespace platform {
+
+namespace {
+
+// Draws an entry over as many lines as it needs. Qt's own delegate measures without the padding that a style
+// sheet gives entries, and so ends an entry in dots that it took for fitting.
+class WrappingDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const auto* list = qobject_cast<const QListView*>(option.widget);
+        const int width = list ? list->viewport()->width() : option.rect.width();
+        const QRect room(0, 0, std::max(1, width - 2 * kSide), 10'000);
+        if (list && list->uniformItemSizes())
+            return {width, option.fontMetrics.height() + 2 * kAbove};
+        const QRect text = option.fontMetrics.boundingRect(room, kFlags, index.data().toString());
+        return {width, text.height() + 2 * kAbove};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem ground = option;
+        initStyleOption(&ground, index);
+        const QString text = std::exchange(ground.text, QString());
+        option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, option.widget);
+        painter->save();
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter->setFont(option.font);
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        const QRect room = option.rect.adjusted(kSide, kAbove, -kSide, -kAbove);
+        const auto* list = qobject_cast<const QListView*>(option.widget);
+        if (list && list->uniformItemSizes())
+            painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                              option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+        else
+            painter->drawText(room, kFlags, text);
+        painter->restore();
+    }
+
+private:
+    static constexpr int kFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
+    static constexpr int kSide = 6;
+    static constexpr int kAbove = 2;
+};
+
+} // namespace
 
 ListBox::ListBox(bool sorted, QWidget* parent)
     : QListView(parent)
@@ -22,6 +70,7 @@ ListBox::ListBox(bool sorted, QWidget* parent)
 
 void ListBox::WrapEntries() {
     m_wraps = true;
+    setItemDelegate(new WrappingDelegate(this));
     setResizeMode(QListView::Adjust);
     FitEntries();
 }
