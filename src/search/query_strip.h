@@ -59,8 +59,8 @@ bool IsQueryCharacter(uint code);
 // What stands in the query box when a key comes up: a query that begins with a blank is gone.
 QString AfterKeyUp(const QString& query);
 
-// Where the caret goes when the text before it turns into another: it stays between the characters it stood
-// between, or, when those went, where they were.
+// Where the caret goes when a text turns into another by one change in it: it stays between the characters it
+// stood between, or, when those went, where they were.
 int CaretAfterChange(const QString& before, const QString& after, int caret);
 
 } // namespace quillbrook
