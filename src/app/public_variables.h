@@ -11,6 +11,14 @@ namespace quillbrook {
 struct PublicVariables {
     std::unique_ptr<platform::Database> FormsDb; // open from the load of the main window to exit
     QString PageTitle;                           // the caption of the current page
+
+    // The keys of the clauses chosen last; empty: none. A command or a dialog sets one right before its
+    // clause is inserted, and no insertion clears it.
+    QString JuratNumber;
+    QString CaptionNumber;
+    QString VerificationNumber;
+
+    QString CurrentSearchWord; // what is looked for: a hit's term, or the marker that a clause is to replace
 };
 
 } // namespace quillbrook
