@@ -1,0 +1,325 @@
+// Events of the two panes, the clipboard commands and the font combos.
+#include "editor/editor_panes.h"
+
+#include "app/menu_tree.h"
+#include "editor/edit_tool_bar.h"
+#include "library/category_browser.h"
+#include "library/my_forms_page.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/my_button.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+using platform::RichTextBox;
+
+class EditorPanesTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestWindow> m_window;
+
+    frmMain& Main() { return **m_window; }
+    EditToolBar& Bar() { return *Main().editToolBar; }
+    QClipboard& Clipboard() { return *QGuiApplication::clipboard(); }
+
+    RichTextBox* Go(Tab tab) {
+        Main().SetTab(tab);
+        return Main().ActivePane();
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_window = std::make_unique<TestWindow>();
+        QVERIFY(m_window->loaded);
+        QVERIFY(m_window->Show());
+    }
+    void cleanup() { m_window.reset(); }
+
+    void TheActivePaneAndTheStrictOne() {
+        for (int tab = 0; tab < 6; ++tab) {
+            Main().SetTab(Tab(tab));
+            RichTextBox* active = tab == 5 ? Main().txtMyContent() : Main().txtContent();
+            QCOMPARE(Main().ActivePane(), active);
+            QCOMPARE(Main().StrictPane(), tab == 2 || tab == 5 ? active : nullptr);
+        }
+    }
+
+    void AnEmptyReadingPaneDisablesNewAndSave() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"x"_qs);
+        QVERIFY(Main().Menu(u"mnuNew"_qs)->isEnabled());
+        QVERIFY(Main().Menu(u"mnuSave"_qs)->isEnabled());
+        QTest::keyClick(pane, Qt::Key_Delete);
+        QCOMPARE(pane->Text(), QString());
+        QVERIFY(!Main().Menu(u"mnuNew"_qs)->isEnabled());
+        QVERIFY(!Main().Menu(u"mnuSave"_qs)->isEnabled());
+        QTest::keyClicks(pane, u"y"_qs);
+        QVERIFY(Main().Menu(u"mnuNew"_qs)->isEnabled());
+        QVERIFY(Main().Menu(u"mnuSave"_qs)->isEnabled());
+    }
+
+    void AnEmptiedPaneOfOwnFormsStartsOverInItsFont() {
+        RichTextBox* pane = Go(Tab::MyForms);
+        pane->setText(u"x"_qs);
+        pane->selectAll();
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        QTest::keyClick(pane, Qt::Key_Delete);
+        QCOMPARE(pane->SelFontName(), std::optional(u"Times New Roman"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+        QCOMPARE(Bar().cboFonts->Text(), u"Times New Roman"_qs);
+        QCOMPARE(Bar().cboFontSize->Text(), u"12"_qs);
+        QTest::keyClicks(pane, u"new"_qs);
+        pane->selectAll();
+        QCOMPARE(pane->SelFontName(), std::optional(u"Times New Roman"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+    }
+
+    void AClickInTheReadingPaneGoesToTheEditPageFromAnyOther_data() {
+        QTest::addColumn<int>("tab");
+        for (int tab : {0, 1, 2, 3, 4})
+            QTest::newRow(qPrintable(QString::number(tab))) << tab;
+    }
+    void AClickInTheReadingPaneGoesToTheEditPageFromAnyOther() {
+        QFETCH(int, tab);
+        Main().SetTab(Tab(tab));
+        QTest::mouseClick(Main().txtContent()->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 40});
+        QCOMPARE(Main().CurrentTab(), Tab::EditForm);
+    }
+
+    void TheSelectionsFormatIsShown() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"plain bold"_qs);
+        pane->setSelStart(6);
+        pane->setSelLength(4);
+        pane->setSelBold(true);
+        pane->setSelItalic(true);
+        pane->setSelUnderline(true);
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        pane->setSelAlignment(2);
+        pane->setSelStart(0);
+        QVERIFY(!Bar().btnBold->Value());
+        pane->setSelStart(8);
+        QVERIFY(Bar().btnBold->Value());
+        QVERIFY(Bar().btnItalic->Value());
+        QVERIFY(Bar().btnUnderline->Value());
+        QVERIFY(Bar().btnCenter->Value());
+        QVERIFY(!Bar().btnLeft->Value());
+        QVERIFY(!Bar().btnRight->Value());
+        QCOMPARE(Bar().cboFonts->Text(), u"Liberation Sans"_qs);
+        QCOMPARE(Bar().cboFontSize->Text(), u"20"_qs);
+    }
+
+    void AMixedSelectionShowsNothingPressedAndTheCombosKeepTheirTexts() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"plain bold"_qs);
+        pane->setSelStart(6);
+        pane->setSelLength(4);
+        pane->setSelBold(true);
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        pane->setSelStart(0);
+        pane->setSelLength(10);
+        QVERIFY(!Bar().btnBold->Value());
+        QCOMPARE(Bar().cboFonts->Text(), u"Times New Roman"_qs); // of the caret before
+        QCOMPARE(Bar().cboFontSize->Text(), u"12"_qs);
+    }
+
+    void TheFormatIsShownWhenThePageIsChosen() {
+        Main().txtContent()->setText(u"x"_qs);
+        Main().txtContent()->selectAll();
+        Main().txtContent()->setSelAlignment(1);
+        RichTextBox* mine = Go(Tab::MyForms);
+        mine->setText(u"mine"_qs);
+        mine->setSelAlignment(2);
+        QVERIFY(Bar().btnCenter->Value());
+        Go(Tab::EditForm);
+        QVERIFY(Bar().btnRight->Value());
+        QVERIFY(!Bar().btnCenter->Value());
+    }
+
+    void ThePopUpHasItsEntries() {
+        QStringList texts;
+        for (const QAction* action : Main().menuTree->Menu(u"mnuPopUp"_qs)->actions())
+            texts.append(action->isSeparator() ? u"-"_qs : action->text());
+        QCOMPARE(texts,
+                 QStringList({u"Undo"_qs, u"Redo"_qs, u"-"_qs, u"Cut"_qs, u"Copy"_qs, u"Paste"_qs,
+                              u"Delete"_qs, u"-"_qs, u"Select All"_qs, u"-"_qs, u"Fonts..."_qs,
+                              u"Text Color..."_qs, u"-"_qs, u"Color Theme..."_qs, u"-"_qs, u"About..."_qs}));
+    }
+
+    // --- clipboard
+
+    void CutAndCopyPutTheSelectionOnTheClipboard_data() {
+        QTest::addColumn<bool>("cuts");
+        QTest::addColumn<bool>("staysSaved");
+        QTest::newRow("btnCut") << true << false;
+        QTest::newRow("mnuCut") << true << false;
+        QTest::newRow("mnuPopCut") << true << false;
+        QTest::newRow("btnCopy") << false << true;
+        QTest::newRow("mnuCopy") << false << false;
+        QTest::newRow("mnuPopCopy") << false << false;
+    }
+    void CutAndCopyPutTheSelectionOnTheClipboard() {
+        QFETCH(bool, cuts);
+        QFETCH(bool, staysSaved);
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"one two"_qs);
+        pane->setSelStart(0);
+        pane->setSelLength(3);
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(Clipboard().text(), u"one"_qs);
+        QCOMPARE(pane->Text(), cuts ? u" two"_qs : u"one two"_qs);
+        QCOMPARE(Main().State().DocumentSaved, staysSaved);
+        QVERIFY(pane->hasFocus());
+    }
+
+    void WithNothingSelectedTheClipboardEndsUpEmpty_data() {
+        QTest::addColumn<int>("tab");
+        for (const char* name : {"btnCut", "mnuCut", "mnuPopCut", "btnCopy", "mnuCopy", "mnuPopCopy"})
+            QTest::newRow(name) << 2;
+    }
+    void WithNothingSelectedTheClipboardEndsUpEmpty() {
+        QFETCH(int, tab);
+        Clipboard().setText(u"before"_qs);
+        Go(Tab(tab))->setText(u"one two"_qs);
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(Clipboard().text(), QString());
+    }
+
+    void PasteGoesToTheActivePaneAndLeavesTheDocumentSaved_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("btnPaste") << 2;
+        QTest::newRow("mnuPaste") << 0; // a page without editing pastes too
+        QTest::newRow("mnuPopPaste") << 5;
+    }
+    void PasteGoesToTheActivePaneAndLeavesTheDocumentSaved() {
+        QFETCH(int, tab);
+        Clipboard().setText(u"pasted"_qs);
+        RichTextBox* pane = Go(Tab(tab));
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(pane->Text(), u"pasted"_qs);
+        QVERIFY(Main().State().DocumentSaved);
+    }
+
+    void CopiedTextKeepsItsFormatOverTheClipboard() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"bold"_qs);
+        pane->selectAll();
+        pane->setSelBold(true);
+        Run(u"mnuCopy"_qs);
+        const QMimeData* data = Clipboard().mimeData();
+        QVERIFY(data->hasFormat(u"text/rtf"_qs));
+        QVERIFY(data->hasHtml());
+        QVERIFY(data->hasText());
+        RichTextBox* mine = Go(Tab::MyForms);
+        Run(u"mnuPaste"_qs);
+        QCOMPARE(mine->Text(), u"bold"_qs);
+        mine->selectAll();
+        QCOMPARE(mine->SelBold(), std::optional(true));
+    }
+
+    void DeleteTakesTheSelectionOrTheNextCharacter() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"abcdef"_qs);
+        pane->setSelStart(1);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), u"acdef"_qs);
+        pane->setSelStart(1);
+        pane->setSelLength(3);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), u"af"_qs);
+        QVERIFY(Main().State().DocumentSaved);
+    }
+
+    void SelectAllSelectsTheWholePane_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("mnuSelectAll") << 2;
+        QTest::newRow("mnuPopSelectAll") << 5;
+    }
+    void SelectAllSelectsTheWholePane() {
+        QFETCH(int, tab);
+        RichTextBox* pane = Go(Tab(tab));
+        pane->setText(u"some text"_qs);
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(pane->SelLength(), 9);
+    }
+
+    // --- keys
+
+    void TabWritesATabWhereAFormIsEdited() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        QTest::keyClick(pane, Qt::Key_Tab);
+        QCOMPARE(pane->Text(), u"\t"_qs);
+    }
+
+    void TabGoesOnWhereAFormIsOnlyRead() {
+        Go(Tab::FormsExplorer)->setFocus();
+        QTest::keyClick(Main().txtContent(), Qt::Key_Tab);
+        QVERIFY(!Main().txtContent()->hasFocus());
+        QCOMPARE(Main().txtContent()->Text(), QString());
+    }
+
+    void TheKeysOfUndoAndRedoRunTheProgramsOwn() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        QTest::keyClicks(pane, u"ab"_qs);
+        QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(pane->Text(), u"a"_qs);
+        QTest::keyClick(pane, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(pane->Text(), u"ab"_qs);
+    }
+
+    // --- font combos
+
+    void AFontPickedGoesOntoTheSelection() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"some text"_qs);
+        pane->setSelStart(0);
+        pane->setSelLength(4);
+        const int index = int(Bar().cboFonts->Items().indexOf(u"Liberation Sans"_qs));
+        QVERIFY(index >= 0);
+        Bar().cboFonts->setListIndex(index);
+        Bar().cboFontSize->setListIndex(int(Bar().cboFontSize->Items().indexOf(u"20"_qs)));
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(20.0));
+        pane->setSelStart(6);
+        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+    }
+
+    void ASizeTypedCountsWhenEnterIsPressed() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"some text"_qs);
+        pane->selectAll();
+        Bar().cboFontSize->lineEdit()->setFocus();
+        Bar().cboFontSize->lineEdit()->selectAll();
+        QTest::keyClicks(Bar().cboFontSize->lineEdit(), u"13.5"_qs);
+        QTest::keyClick(Bar().cboFontSize->lineEdit(), Qt::Key_Return);
+        QCOMPARE(pane->SelFontSize(), std::optional(13.5));
+    }
+
+    void OnPagesWithoutEditingTheCombosDoNothing() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"some text"_qs);
+        pane->selectAll();
+        Go(Tab::Search);
+        Bar().cboFontSize->setListIndex(20);
+        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+    }
+
+private:
+    // Clicks the button or the menu entry of this name.
+    void Run(const QString& name) {
+        if (auto* button = Main().findChild<platform::MyButton*>(name))
+            button->click();
+        else
+            Main().Menu(name)->trigger();
+    }
+};
+
+QTEST_MAIN(EditorPanesTest)
+#include "editor_panes_test.moc"

@@ -1,0 +1,149 @@
+#include "editor/undo_commands.h"
+
+#include "editor/edit_tool_bar.h"
+#include "library/category_browser.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/my_button.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+using platform::RichTextBox;
+
+class UndoCommandsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TestWindow> m_window;
+
+    frmMain& Main() { return **m_window; }
+    EditToolBar& Bar() { return *Main().editToolBar; }
+    RichTextBox& Pane() { return *Main().txtContent(); }
+
+    // The controls of the reading pane and the menu entries of both.
+    void VerifyControls(bool undo, bool redo) {
+        QCOMPARE(Bar().btnUndo->isEnabled(), undo);
+        QCOMPARE(Main().Menu(u"mnuUndo"_qs)->isEnabled(), undo);
+        QCOMPARE(Main().Menu(u"mnuPopUndo"_qs)->isEnabled(), undo);
+        QCOMPARE(Bar().btnRedo->isEnabled(), redo);
+        QCOMPARE(Main().Menu(u"mnuRedo"_qs)->isEnabled(), redo);
+        QCOMPARE(Main().Menu(u"mnuPopRedo"_qs)->isEnabled(), redo);
+    }
+
+private Q_SLOTS:
+    void init() {
+        m_window = std::make_unique<TestWindow>();
+        QVERIFY(m_window->loaded);
+        QVERIFY(m_window->Show());
+        Main().SetTab(Tab::EditForm);
+    }
+    void cleanup() { m_window.reset(); }
+
+    void EachKeyIsOneStep() {
+        QTest::keyClicks(&Pane(), u"abc"_qs);
+        QCOMPARE(Main().undoCommands->History().Index(), 3);
+        VerifyControls(true, false);
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().Text(), u"ab"_qs);
+        VerifyControls(true, true);
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().Text(), u"a"_qs);
+        VerifyControls(false, true);
+        Bar().btnRedo->click();
+        Bar().btnRedo->click();
+        QCOMPARE(Pane().Text(), u"abc"_qs);
+        VerifyControls(true, false);
+    }
+
+    void UndoBringsTheFormatBackExactly() {
+        Pane().setText(u"some text"_qs);
+        Pane().selectAll();
+        Pane().setSelAlignment(2);
+        const QString source = Pane().TextRTF();
+        Pane().setSelBold(true);
+        const QString bold = Pane().TextRTF();
+        QVERIFY(bold != source);
+        Main().Menu(u"mnuUndo"_qs)->trigger();
+        QCOMPARE(Pane().TextRTF(), source);
+        Main().Menu(u"mnuRedo"_qs)->trigger();
+        QCOMPARE(Pane().TextRTF(), bold);
+    }
+
+    void AnUndoThatReachesTheFirstStateCountsAsSaved() {
+        QTest::keyClicks(&Pane(), u"ab"_qs);
+        QVERIFY(!Main().State().DocumentSaved);
+        Bar().btnUndo->click();
+        QVERIFY(Main().State().DocumentSaved);
+    }
+
+    void AnUndoOnTheWayKeepsTheDocumentUnsaved() {
+        QTest::keyClicks(&Pane(), u"abc"_qs);
+        Bar().btnUndo->click();
+        QVERIFY(!Main().State().DocumentSaved);
+    }
+
+    void TheFirstUndoAfterLoadingAFormBringsTheOneBefore() {
+        Main().categoryBrowser->lstTitle->setText(u"Acknowledgment Alone"_qs);
+        Main().categoryBrowser->lstTitle->setText(u"Second Acknowledgment"_qs);
+        QCOMPARE(Pane().Text(), u"BEFORE ME, a notary"_qs);
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().Text(), u"BEFORE ME"_qs);
+    }
+
+    void AnEditAfterAnUndoLeavesRedoOnAndItStepsIntoTheOlderEntries() {
+        QTest::keyClicks(&Pane(), u"abc"_qs); // entries a, ab, abc
+        Bar().btnUndo->click();
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().Text(), u"a"_qs);
+        Pane().setText(u"new"_qs); // entry 2
+        VerifyControls(true, true);
+        Bar().btnRedo->click();
+        QCOMPARE(Pane().Text(), u"abc"_qs); // entry 3 of before
+    }
+
+    void ARedoIntoAStepThatWasNeverWrittenEmptiesThePane() {
+        QTest::keyClicks(&Pane(), u"ab"_qs);
+        Bar().btnUndo->click();
+        Pane().setText(u"new"_qs); // entry 2
+        Bar().btnRedo->click();
+        QCOMPARE(Pane().Text(), QString());
+    }
+
+    void After80ChangesTheOldestReachableIsTheSixth() {
+        for (int i = 1; i <= 80; ++i)
+            Pane().setText(QString::number(i));
+        QCOMPARE(Main().undoCommands->History().Index(), 75);
+        for (int i = 0; i < 74; ++i)
+            Main().undoCommands->Undo();
+        QCOMPARE(Pane().Text(), u"6"_qs);
+        VerifyControls(false, true);
+    }
+
+    void TheTwoPanesHaveHistoriesOfTheirOwn() {
+        QTest::keyClicks(&Pane(), u"ab"_qs);
+        Main().SetTab(Tab::MyForms);
+        QTest::keyClicks(Main().txtMyContent(), u"xyz"_qs);
+        Bar().btnMyUndo->click();
+        QCOMPARE(Main().txtMyContent()->Text(), u"xy"_qs);
+        QCOMPARE(Pane().Text(), u"ab"_qs);
+        Main().SetTab(Tab::Search); // any other page works on the reading pane
+        Main().Menu(u"mnuUndo"_qs)->setEnabled(true);
+        Main().Menu(u"mnuUndo"_qs)->trigger();
+        QCOMPARE(Pane().Text(), u"a"_qs);
+        QCOMPARE(Main().txtMyContent()->Text(), u"xy"_qs);
+    }
+
+    void TheCaretStaysAboutWhereItWas() {
+        Pane().setText(u"one two three"_qs);
+        Pane().setSelStart(7);
+        QTest::keyClicks(&Pane(), u"X"_qs);
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().Text(), u"one two three"_qs);
+        QVERIFY(Pane().SelStart() >= 6 && Pane().SelStart() <= 8);
+    }
+};
+
+QTEST_MAIN(UndoCommandsTest)
+#include "undo_commands_test.moc"
