@@ -1,6 +1,9 @@
-// Marking and walking the hits of seven terms in a form of 200 pages, 3,000 characters each.
+// Marking, painting and walking the hits of seven terms in a form of 200 pages, 3,000 characters each.
+#include "platform/rich_text/rich_text_box.h"
 #include "search/hit_step.h"
+#include "search/paint_marks.h"
 
+#include <QApplication>
 #include <benchmark/benchmark.h>
 #include <random>
 
@@ -39,6 +42,7 @@ const QString& Text() {
 }
 
 const QStringList kFrequent = QStringLiteral("the,deed,seller,sell,land,first part,a").split(u',');
+const QStringList kOrdinary = QStringLiteral("deed,seller,rights,value,contract,first part,city").split(u',');
 const QStringList kRare = QStringLiteral("quagga,quartz,quince,quorum,quiver,quoits,quilts").split(u',');
 const QStringList kAbsent = QStringLiteral("zebra,zenith,zephyr,zigzag,zinc,zodiac,zoom").split(u',');
 
@@ -52,8 +56,22 @@ void Mark(benchmark::State& state, const QStringList& terms) {
     state.counters["marks"] = double(marks);
 }
 BENCHMARK_CAPTURE(Mark, frequent, kFrequent)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Mark, ordinary, kOrdinary)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Mark, rare, kRare)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Mark, absent, kAbsent)->Unit(benchmark::kMillisecond);
+
+// The same in the pane that a form is prepared in, painting included.
+void MarkInPane(benchmark::State& state, const QStringList& terms) {
+    platform::RichTextBox pane;
+    for (auto _ : state) {
+        state.PauseTiming();
+        pane.setText(Text());
+        state.ResumeTiming();
+        PaintMarks(pane, MarkForm(pane.Text(), TermsOf(terms)).marks);
+    }
+}
+BENCHMARK_CAPTURE(MarkInPane, ordinary, kOrdinary)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(MarkInPane, frequent, kFrequent)->Unit(benchmark::kMillisecond);
 
 // Each round a step from hit to hit; after the last one anew.
 void NextHit(benchmark::State& state, const QStringList& terms) {
@@ -98,4 +116,9 @@ BENCHMARK(NextHitInVain)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
