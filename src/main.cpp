@@ -2,6 +2,7 @@
 #include "appearance/look.h"
 #include "platform/desktop/common_dialog.h"
 #include "platform/desktop/message_box.h"
+#include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/services.h"
 
@@ -17,7 +18,8 @@ int main(int argc, char* argv[]) {
     platform::DesktopMessageBox messageBox;
     platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"));
     platform::CommonDialog commonDialog;
-    platform::Services services{messageBox, instance, commonDialog};
+    platform::Printer printer(QStringLiteral("Quillbrook PRO"));
+    platform::Services services{messageBox, instance, commonDialog, printer};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());
     if (!program.Start())

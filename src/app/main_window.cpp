@@ -16,6 +16,8 @@
 #include "library/favorites_page.h"
 #include "library/history_page.h"
 #include "library/my_forms_page.h"
+#include "output/paper_commands.h"
+#include "output/print_commands.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/focus.h"
 #include "platform/controls/frame.h"
@@ -78,6 +80,7 @@ constexpr int kMarginAfterTabChange = 175;
 constexpr int kMarginAfterResize = 150;
 constexpr int kLeastTabWidth = 10600;
 constexpr int kLeastHelpTop = 6180;
+constexpr int kDropDownInset = 60;
 constexpr int kStatusBarHeight = 24; // device-independent pixels
 
 } // namespace
@@ -168,11 +171,13 @@ void frmMain::StatusPanelClick(int panel) {
     }
 }
 
-// The menu of a button's drop-down part opens below the button.
+// The menu of a button's drop-down part opens below the button, a little to the right.
 void frmMain::ConnectToolbar() {
     const auto dropDown = [this](platform::MyButton* button, const QString& menu) {
         connect(button, &platform::MyButton::DropDownClick, this, [this, button, menu] {
-            menuTree->Menu(menu)->popup(button->mapToGlobal(QPoint(0, button->height())));
+            QCoreApplication::processEvents();
+            const int inset = platform::ToPixels(kDropDownInset);
+            menuTree->Menu(menu)->popup(button->mapToGlobal(QPoint(inset, button->height() + inset)));
         });
     };
     dropDown(leftToolbar->btnSave, QStringLiteral("mnuDropSave"));
@@ -186,6 +191,8 @@ void frmMain::BuildCommands() {
     clipboardCommands = new ClipboardCommands(*editToolBar, *this, m_state, this);
     undoCommands = new UndoCommands(*editToolBar, *this, m_state, this);
     editorPanes = new EditorPanes(*editToolBar, *formatCommands, *undoCommands, *this, m_state, this);
+    paperCommands = new PaperCommands(*this, m_windows, this);
+    printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
 }
 
 void frmMain::ConnectEditor() {

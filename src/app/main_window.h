@@ -28,6 +28,8 @@ class HistoryPage;
 class LeftToolbar;
 class MenuTree;
 class MyFormsPage;
+class PaperCommands;
+class PrintCommands;
 class SearchPage;
 class UndoCommands;
 
@@ -77,6 +79,8 @@ public:
     ClipboardCommands* clipboardCommands;
     UndoCommands* undoCommands;
     EditorPanes* editorPanes;
+    PaperCommands* paperCommands;
+    PrintCommands* printCommands;
     QFrame* Line1;
     QTimer* Timer4; // never runs
 

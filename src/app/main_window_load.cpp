@@ -104,6 +104,7 @@ void frmMain::LoadPages() {
     editToolBar->btnMyRedo->move(editToolBar->btnRedo->pos());
     editToolBar->btnMyUndo->hide();
     editToolBar->btnMyRedo->hide();
+    m_windows.Load(QStringLiteral("frmPageSetup"));
 }
 
 void frmMain::LoadMyForms() {

@@ -68,6 +68,8 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--RichTextBox { background: %7; border: 1px solid %2; border-radius: 2px; }
         platform--RichTextBox:focus { border-color: %3; }
         platform--RichTextBox#txtMyContent { border: 2px inset %2; }
+        QRadioButton { border: 1px solid transparent; border-radius: 4px; padding: 1px; }
+        QRadioButton:focus { border-color: %3; }
         QWidget#picLeftToolbar { background: %1; border-right: 1px solid %2; }
         QWidget#StatusBar1 { background: %1; border-top: 1px solid %2; }
         QWidget#StatusBar1 QPushButton {

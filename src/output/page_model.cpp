@@ -43,7 +43,11 @@ bool PageModel::IsEnabled(PageBox box) const {
 
 void PageModel::Type(PageBox box, const QString& text) {
     if (IsEnabled(box))
-        m_texts[IndexOf(box)] = text;
+        SetText(box, text);
+}
+
+void PageModel::SetText(PageBox box, const QString& text) {
+    m_texts[IndexOf(box)] = text;
 }
 
 void PageModel::Click(PageBox box, Arrow arrow) {

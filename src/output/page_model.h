@@ -57,6 +57,8 @@ public:
 
     // What the user types. Nothing happens to a disabled box.
     void Type(PageBox box, const QString& text);
+    // What a box shows, whether it takes input or not.
+    void SetText(PageBox box, const QString& text);
     // A tenth of an inch more or less, without limits. Nothing happens beside a disabled box.
     void Click(PageBox box, Arrow arrow);
     // An option button or its label. Nothing happens when it is selected already.

@@ -3,8 +3,11 @@
 #pragma once
 
 #include <QColor>
+#include <QPoint>
+#include <QSize>
 #include <QString>
 
+class QPainter;
 class QWidget;
 
 namespace platform {
@@ -66,11 +69,40 @@ public:
     virtual bool ShowColor(QWidget* parent, QColor& color) = 0;
 };
 
+// The sheet in the printer. All zero while no job is open.
+struct PrinterPage {
+    QSize paper;        // twips
+    QSize printable;    // twips; the part of the paper that the printer reaches
+    QPoint offset;      // device pixels; of the printable part from the paper's corner
+    QPoint dotsPerInch; // of the device
+};
+
+// The printer that documents go to, with the one job that can be open on it.
+class PrinterService {
+public:
+    virtual ~PrinterService() = default;
+
+    // Opens a job if none is open, and prints the text at the corner of the page. False when there is no
+    // printer or it fails; the job then takes nothing more until it is ended.
+    virtual bool Print(const QString& text) = 0;
+    // Draws on the page; its origin is the corner of the printable part. Null when no job is open or the
+    // printer has failed. To be asked for again on each page.
+    virtual QPainter* DeviceContext() = 0;
+    virtual PrinterPage Page() const = 0;
+    virtual bool NewPage() = 0;
+    // Closes the job. False when the printer had failed, or no job was open.
+    virtual bool EndDoc() = 0;
+
+    // The printer setup dialog, modal: which printer is the current one, and its paper. False when cancelled.
+    virtual bool ShowSetup(QWidget* parent) = 0;
+};
+
 // References to one of each; they outlive every window.
 struct Services {
     MessageBoxService& messageBox;
     InstanceService& instance;
     CommonDialogService& commonDialog;
+    PrinterService& printer;
 };
 
 } // namespace platform

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/desktop/printer.h"
 #include "platform/services.h"
 
+#include <QMarginsF>
 #include <QStringList>
 #include <vector>
 
@@ -68,9 +70,65 @@ public:
     std::vector<QColor> colorsShown;
 };
 
+// The real printing, to a PDF file of the test's choice, on a printer that fails when the test wants it.
+class ScriptedPrinter final : public platform::Printer {
+public:
+    ScriptedPrinter()
+        : Printer(QStringLiteral("Test")) {
+        SetPaper(QPageSize(QPageSize::Letter));
+    }
+
+    void SetPaper(const QPageSize& paper) {
+        platform::PrinterSettings settings;
+        settings.toPdf = installed;
+        settings.paper = paper;
+        SetSettings(settings);
+    }
+    // No printer at all.
+    void Remove() {
+        installed = false;
+        SetPaper(Settings().paper);
+    }
+
+    bool Print(const QString& text) override {
+        printed.append(text);
+        return Printer::Print(text);
+    }
+    bool NewPage() override {
+        ++newPages;
+        if (newPages == failsAtNewPage)
+            Fail();
+        return Printer::NewPage();
+    }
+    bool EndDoc() override {
+        ++jobsEnded;
+        return Printer::EndDoc();
+    }
+    bool ShowSetup(QWidget*) override {
+        ++setupsShown;
+        return setupConfirmed;
+    }
+
+    QString file;           // of the jobs; empty: the user chooses none
+    bool installed = true;  // see Remove()
+    QMarginsF border;       // points that the printer does not reach
+    int failsAtNewPage = 0; // 1: the second page does not come
+    bool setupConfirmed = true;
+    QStringList printed; // by Print
+    int newPages = 0;
+    int jobsEnded = 0;
+    int setupsShown = 0;
+
+protected:
+    QString AskForFile() override { return file; }
+    QString DefaultPrinter() const override { return {}; }
+    QMarginsF PdfBorder() const override { return border; }
+};
+
 struct ScriptedServices {
     ScriptedMessageBox messageBox;
     ScriptedInstance instance;
     ScriptedCommonDialog commonDialog;
-    platform::Services services{messageBox, instance, commonDialog};
+    ScriptedPrinter printer;
+    platform::Services services{messageBox, instance, commonDialog, printer};
 };

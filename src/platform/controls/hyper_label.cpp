@@ -15,7 +15,10 @@ HyperLabel::HyperLabel(const QString& caption, const QUrl& target, QWidget* pare
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::StrongFocus);
     // a desktop with nothing registered for the target opens nothing and says nothing
-    connect(this, &QAbstractButton::clicked, this, [this] { QDesktopServices::openUrl(m_target); });
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        if (!m_target.isEmpty())
+            QDesktopServices::openUrl(m_target);
+    });
 }
 
 QSize HyperLabel::sizeHint() const {

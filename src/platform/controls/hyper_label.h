@@ -6,11 +6,14 @@
 namespace platform {
 
 // A caption that opens its target on the desktop when clicked, or by Space or Enter while it has the focus.
+// One without a target tells of the click and nothing more.
 class HyperLabel final : public QAbstractButton {
     Q_OBJECT
 
 public:
     HyperLabel(const QString& caption, const QUrl& target, QWidget* parent = nullptr);
+    explicit HyperLabel(const QString& caption, QWidget* parent = nullptr)
+        : HyperLabel(caption, QUrl(), parent) {}
 
     QUrl Target() const { return m_target; }
     QSize sizeHint() const override;
