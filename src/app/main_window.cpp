@@ -28,6 +28,7 @@
 #include "platform/controls/status_bar.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
+#include "search/search_commands.h"
 #include "search/search_page.h"
 
 #include <QAction>
@@ -193,6 +194,7 @@ void frmMain::BuildCommands() {
     editorPanes = new EditorPanes(*editToolBar, *formatCommands, *undoCommands, *this, m_state, this);
     paperCommands = new PaperCommands(*this, m_windows, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
+    searchCommands = new SearchCommands(*searchPage, *this, m_state, m_store, this);
 }
 
 void frmMain::ConnectEditor() {
@@ -215,6 +217,7 @@ void frmMain::ConnectPages() {
             [this] { searchPage->cboQuery->setText(QString()); });
     connect(categoryBrowser, &CategoryBrowser::FormOpened, historyPage, &HistoryPage::Add);
     connect(favoritesPage, &FavoritesPage::FormOpened, historyPage, &HistoryPage::Add);
+    connect(searchCommands, &SearchCommands::FormOpened, historyPage, &HistoryPage::Add);
     connect(categoryBrowser, &CategoryBrowser::PlainFormShown, searchPage, &SearchPage::HideHitControls);
     connect(favoritesPage, &FavoritesPage::PlainFormShown, searchPage, &SearchPage::HideHitControls);
     connect(historyPage, &HistoryPage::PlainFormShown, searchPage, &SearchPage::HideHitControls);
@@ -270,6 +273,10 @@ int frmMain::ScaleHeight() const {
     return Height(m_client);
 }
 
+void frmMain::FitContentPane() {
+    SetHeight(m_txtContent, ScaleHeight() - Top(m_txtContent) - Height(StatusBar1) - kMarginAfterTabChange);
+}
+
 void frmMain::TabClick() {
     const Tab tab = CurrentTab();
     const TabFacts& facts = kTabs[size_t(tab)];
@@ -285,8 +292,7 @@ void frmMain::TabClick() {
     editToolBar->fmeEditToolBar->setVisible(facts.editToolBar);
     if (facts.paneTop != kPaneStays) {
         SetTop(m_txtContent, facts.paneTop == kPaneOfSearch ? m_state.SearchPaneTop : facts.paneTop);
-        SetHeight(m_txtContent,
-                  ScaleHeight() - Top(m_txtContent) - Height(StatusBar1) - kMarginAfterTabChange);
+        FitContentPane();
     }
     m_txtContent->setVisible(!myForms);
     m_txtMyContent->setVisible(myForms);

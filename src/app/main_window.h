@@ -30,6 +30,7 @@ class MenuTree;
 class MyFormsPage;
 class PaperCommands;
 class PrintCommands;
+class SearchCommands;
 class SearchPage;
 class UndoCommands;
 
@@ -54,6 +55,7 @@ public:
     void SetTab(Tab tab) override;
     void SetCaption(const QString& caption) override { setWindowTitle(caption); }
     void UncheckHelpContents() override;
+    void FitContentPane() override;
     QAction* Menu(const QString& name) override;
 
     LibraryStore& Store() { return m_store; }
@@ -81,6 +83,7 @@ public:
     EditorPanes* editorPanes;
     PaperCommands* paperCommands;
     PrintCommands* printCommands;
+    SearchCommands* searchCommands;
     QFrame* Line1;
     QTimer* Timer4; // never runs
 

@@ -34,6 +34,9 @@ public:
         return tab == Tab::MyForms || tab == Tab::EditForm ? ActivePane() : nullptr;
     }
 
+    // Brings the foot of txtContent down to the status bar, with the margin of a tab change.
+    virtual void FitContentPane() = 0;
+
     virtual Tab CurrentTab() const = 0;
     virtual void SetTab(Tab tab) = 0; // the same as the user's click on that tab
 

@@ -6,64 +6,151 @@
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/controls/ss_tab.h"
+#include "search/query_box.h"
 #include "search/result_blink.h"
 
 #include <QLabel>
+#include <QRadioButton>
 
 namespace quillbrook {
 
+using platform::Frame;
+using platform::MyButton;
 using platform::PlaceOnPage;
 
-static QLabel* MakeLabel(QWidget* page, const char* name, const QString& text) {
+namespace {
+
+// Device-independent pixels from the corner of the tab control. Below the result's frame the pane begins
+// where the last search put it.
+constexpr int kLeft = 8;
+constexpr int kHeadingTop = 30;
+constexpr int kHeadingHeight = 26;
+constexpr int kQueryTop = 58;
+constexpr int kQueryWidth = 336;
+constexpr int kQueryHeight = 72;
+constexpr int kRightLeft = 352; // of what stands beside the query
+constexpr int kRightWidth = 308;
+constexpr int kResultTop = 134;
+constexpr int kResultWidth = 420;
+constexpr int kHitsLeft = 436;
+
+QLabel* MakeLabel(QWidget* page, const char* name, const QString& text) {
     auto* label = new QLabel(text, page);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     return label;
 }
 
-static platform::MyButton* MakeHitButton(QWidget* page, const char* name, const QString& caption,
-                                         const QString& picture) {
-    auto* button = new platform::MyButton(platform::MyButton::Kind::Plain, page);
-    button->setObjectName(QLatin1String(name));
-    button->setCaption(caption);
-    button->setIcon(Picture(picture));
-    return button;
+QRadioButton* MakeOption(QWidget* frame, const char* name, const char* caption, const char* tip) {
+    auto* option = new QRadioButton(QLatin1String(caption), frame);
+    option->setObjectName(QLatin1String(name));
+    option->setToolTip(QLatin1String(tip));
+    return option;
 }
+
+} // namespace
 
 SearchPage::SearchPage(QWidget* page)
     : QObject(page) {
     lblSearch = MakeLabel(page, "lblSearch", tr("Advanced Search"));
-    PlaceOnPage(lblSearch, 8, 34, 652, 28);
+    PlaceOnPage(lblSearch, kLeft, kHeadingTop, kQueryWidth, kHeadingHeight);
     lblSearchGuide = MakeLabel(page, "lblSearchGuide", QString());
-    PlaceOnPage(lblSearchGuide, 436, 68, 224, 18);
+    PlaceOnPage(lblSearchGuide, kRightLeft, kQueryTop + 4, kRightWidth, 18);
     lblSearchGuide1 = MakeLabel(page, "lblSearchGuide1", QString());
-    PlaceOnPage(lblSearchGuide1, 436, 88, 224, 18);
+    PlaceOnPage(lblSearchGuide1, kRightLeft, kQueryTop + 26, kRightWidth, 18);
+    BuildQuery(page);
+    BuildModes(page);
+    BuildResult(page);
+    queryBox = new QueryBox(cboQuery, lblSearchGuide, lblSearchGuide1, [this] { return Mode(); });
+    resultBlink = new ResultBlink(fmeSearchResult);
+    connect(queryBox, &QueryBox::CharacterAccepted, fmeSearchMode, &QWidget::hide);
+    ConnectModes();
+}
 
-    fmeSearch = new platform::Frame(tr("Enter Word(s) / Phrase to Look For"), page);
+void SearchPage::BuildQuery(QWidget* page) {
+    fmeSearch = new Frame(tr("Enter Word(s) / Phrase to Look For"), page);
     fmeSearch->setObjectName(QStringLiteral("fmeSearch"));
-    PlaceOnPage(fmeSearch, 8, 66, 420, 58);
+    PlaceOnPage(fmeSearch, kLeft, kQueryTop, kQueryWidth, kQueryHeight);
     cboQuery = new platform::ComboBox(false, true, fmeSearch);
     cboQuery->setObjectName(QStringLiteral("cboQuery"));
     cboQuery->setAccessibleName(tr("Words or phrase to look for"));
-    cboQuery->setGeometry(8, 24, 404, 26);
+    cboQuery->setGeometry(8, 20, 232, 26);
+    cmdSearch = new MyButton(MyButton::Kind::Plain, fmeSearch);
+    cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
+    cmdSearch->setCaption(tr("Search"));
+    cmdSearch->setIcon(Picture(QStringLiteral("search")));
+    cmdSearch->setToolTip(tr("Begin Search!"));
+    cmdSearch->setGeometry(244, 20, 84, 26);
+}
 
-    fmeSearchResult = new platform::Frame(tr("Search Result:"), page);
+void SearchPage::BuildModes(QWidget* page) {
+    fmeSearchMode = new Frame(tr("Search Modes:"), page);
+    fmeSearchMode->setObjectName(QStringLiteral("fmeSearchMode"));
+    PlaceOnPage(fmeSearchMode, kRightLeft, kHeadingTop + 4, kRightWidth,
+                kQueryTop + kQueryHeight - kHeadingTop - 4);
+    int left = 10;
+    for (size_t i = 0; i < std::size(kSearchModes); ++i) {
+        const SearchModeFacts& facts = kSearchModes[i];
+        modeButtons[i] = MakeOption(fmeSearch, facts.button, facts.caption, facts.toolTip);
+        modeButtons[i]->ensurePolished();
+        modeButtons[i]->setGeometry(left, 48, modeButtons[i]->sizeHint().width() + 4, 20);
+        left += modeButtons[i]->width() + 8;
+        twinButtons[i] = MakeOption(fmeSearchMode, facts.twin, facts.twinCaption, facts.toolTip);
+        twinButtons[i]->setGeometry(10, 22 + 24 * int(i), kRightWidth - 16, 22);
+    }
+    modeButtons[0]->setChecked(true);
+    twinButtons[0]->setChecked(true);
+}
+
+void SearchPage::BuildResult(QWidget* page) {
+    fmeSearchResult = new Frame(tr("Search Result:"), page);
     fmeSearchResult->setObjectName(QStringLiteral("fmeSearchResult"));
-    PlaceOnPage(fmeSearchResult, 8, 130, 420, 29);
+    PlaceOnPage(fmeSearchResult, kLeft, kResultTop, kResultWidth, 29);
     lstSearch = new platform::ListBox(true, fmeSearchResult);
     lstSearch->setObjectName(QStringLiteral("lstSearch"));
     lstSearch->setAccessibleName(tr("Forms found"));
-    lstSearch->setGeometry(6, 22, 408, 36);
+    lstSearch->setGeometry(6, 24, kResultWidth - 12, 36);
 
-    resultBlink = new ResultBlink(fmeSearchResult);
-
-    btnPreviousHit =
-        MakeHitButton(page, "btnPreviousHit", tr("Previous Hit"), QStringLiteral("previous-hit"));
-    PlaceOnPage(btnPreviousHit, 436, 132, 108, 26);
-    btnNextHit = MakeHitButton(page, "btnNextHit", tr("Next Hit"), QStringLiteral("next-hit"));
-    PlaceOnPage(btnNextHit, 548, 132, 108, 26);
+    const auto hitButton = [page](const char* name, const QString& caption, const char* picture, int left) {
+        auto* button = new MyButton(MyButton::Kind::Plain, page);
+        button->setObjectName(QLatin1String(name));
+        button->setCaption(caption);
+        button->setIcon(Picture(QLatin1String(picture)));
+        PlaceOnPage(button, left, kResultTop, 110, 26);
+        return button;
+    };
+    btnPreviousHit = hitButton("btnPreviousHit", tr("Previous Hit"), "previous-hit", kHitsLeft);
+    btnNextHit = hitButton("btnNextHit", tr("Next Hit"), "next-hit", kHitsLeft + 114);
     lblDisplayHits = MakeLabel(page, "lblDisplayHits", tr("Display Hits"));
-    PlaceOnPage(lblDisplayHits, 436, 112, 108, 18);
+    lblDisplayHits->setAlignment(Qt::AlignCenter);
+    PlaceOnPage(lblDisplayHits, kHitsLeft, kResultTop - 20, 224, 20);
+}
+
+// A button that becomes the selected one selects its twin, which does the same; the button that is selected
+// already raises nothing.
+void SearchPage::ConnectModes() {
+    for (size_t i = 0; i < std::size(kSearchModes); ++i) {
+        const SearchMode mode = kSearchModes[i].mode;
+        QRadioButton* twin = twinButtons[i];
+        QRadioButton* button = modeButtons[i];
+        connect(button, &QRadioButton::toggled, this, [this, mode, twin](bool selected) {
+            if (!selected)
+                return;
+            twin->setChecked(true);
+            queryBox->TurnTo(mode);
+        });
+        connect(twin, &QRadioButton::toggled, this, [button](bool selected) {
+            if (selected)
+                button->setChecked(true);
+        });
+    }
+}
+
+SearchMode SearchPage::Mode() const {
+    for (size_t i = 0; i < std::size(kSearchModes); ++i)
+        if (modeButtons[i]->isChecked())
+            return kSearchModes[i].mode;
+    return SearchMode::Phrase;
 }
 
 void SearchPage::HideHitControls() {
