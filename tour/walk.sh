@@ -47,12 +47,21 @@ picture_of "$main" 07-new-form
 click "$main" 577 94 # Add
 picture_of "$main" 08-my-forms
 
+# a search, its results, and the hits of one of them
 go_to 1
 picture_of "$main" 09-search
+write "deed sale land"
+keys Return
+picture_of "$main" 10-results
+click "$main" 300 192 # the first title
+settle
+click "$main" 690 257 # Next Hit
+click "$main" 690 257
+picture_of "$main" 11-hits
 go_to 0
 
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 10-large
+picture_of "$main" 12-large
 
 close_program "$main"
