@@ -6,6 +6,8 @@
 #include "app/menu_tree.h"
 #include "appearance/hover_caption.h"
 #include "appearance/icons.h"
+#include "clauses/clause_chooser.h"
+#include "clauses/clause_commands.h"
 #include "editor/clipboard_commands.h"
 #include "editor/edit_tool_bar.h"
 #include "editor/editor_panes.h"
@@ -183,6 +185,9 @@ void frmMain::ConnectToolbar() {
     };
     dropDown(leftToolbar->btnSave, QStringLiteral("mnuDropSave"));
     dropDown(leftToolbar->btnPrint, QStringLiteral("mnuDropPrint"));
+    connect(leftToolbar->cmdAddJurat, &platform::MyButton::Click, clauseCommands, &ClauseCommands::AddJurat);
+    connect(leftToolbar->AddVerification, &platform::MyButton::Click, clauseCommands,
+            &ClauseCommands::AddVerification);
     connect(leftToolbar->btnHelp, &platform::MyButton::Click, Menu(QStringLiteral("mnuHelpContents")),
             &QAction::trigger);
 }
@@ -195,6 +200,11 @@ void frmMain::BuildCommands() {
     paperCommands = new PaperCommands(*this, m_windows, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
     searchCommands = new SearchCommands(*searchPage, *this, m_state, m_store, this);
+    clauseCommands = new ClauseCommands(*this, m_store, m_variables, m_windows, this);
+    m_windows.Offer(QStringLiteral("frmJurat"),
+                    [this] { return std::make_unique<frmJurat>(m_variables, this); });
+    m_windows.Offer(QStringLiteral("frmVerification"),
+                    [this] { return std::make_unique<frmVerification>(m_variables, this); });
 }
 
 void frmMain::ConnectEditor() {

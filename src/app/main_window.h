@@ -19,6 +19,7 @@ struct Services;
 namespace quillbrook {
 
 class CategoryBrowser;
+class ClauseCommands;
 class ClipboardCommands;
 class EditorPanes;
 class EditToolBar;
@@ -80,6 +81,7 @@ public:
     FormatCommands* formatCommands;
     ClipboardCommands* clipboardCommands;
     UndoCommands* undoCommands;
+    ClauseCommands* clauseCommands;
     EditorPanes* editorPanes;
     PaperCommands* paperCommands;
     PrintCommands* printCommands;

@@ -28,7 +28,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
     const QColor accent(kAccent);
 
     // %1 frame ground, %2 soft edge, %3 accent, %4 hover ground, %5 calm ink, %6 ink, %7 paper, %8 and %9
-    // sizes of headings and captions of frames
+    // sizes of headings and captions of frames, %10 accent under the mouse
     return QStringLiteral(R"(
         platform--Frame {
             background: %1; border: 1px solid %2; border-radius: 6px;
@@ -58,6 +58,9 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton[kind="toggle"] { padding: 0px 4px; }
         platform--MyButton#btnImport { padding: 2px; }
         platform--MyButton#btnMyForms { border-color: %2; padding: 1px 8px; }
+        platform--MyButton#OKButton { background: %3; border-color: %3; color: white; }
+        platform--MyButton#OKButton:hover { background: %10; border-color: %10; }
+        platform--MyButton#OKButton:focus { border-color: %6; }
         platform--ListBox {
             background: %7; border: 1px solid %2; border-radius: 4px; outline: none; padding: 2px; color: %6;
         }
@@ -83,7 +86,8 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
     )")
         .arg(Hex(Mix(ground, paper, 0.35)), Hex(Mix(ground, ink, 0.22)), Hex(accent),
              Hex(Mix(paper, accent, 0.12)), Hex(Mix(ground, ink, 0.66)), Hex(ink), Hex(paper),
-             QString::number(size * 1.3, 'f', 1), QString::number(size * 0.92, 'f', 1));
+             QString::number(size * 1.3, 'f', 1), QString::number(size * 0.92, 'f', 1),
+             Hex(Mix(accent, ink, 0.15)));
 }
 
 } // namespace
@@ -93,6 +97,7 @@ void ApplyLook(QApplication& application) {
     QPalette palette = application.palette();
     palette.setColor(QPalette::Highlight, QColor(kAccent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, Mix(QColor(kAccent), palette.color(QPalette::WindowText), 0.15));
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
                      Mix(palette.color(QPalette::Base), QColor(kAccent), 0.3));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));

@@ -1,0 +1,518 @@
+#include "clauses/clause_commands.h"
+
+#include "app/left_toolbar.h"
+#include "app/menu_tree.h"
+#include "editor/edit_tool_bar.h"
+#include "editor/undo_commands.h"
+#include "library/category_browser.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/my_button.h"
+#include "platform/database/database.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "tests/support/test_clauses.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+using platform::RichTextBox;
+
+namespace {
+
+const QString kPlaces =
+    u"Top\n(JURAT)\n(ACKNOWLEDGMENT)\n(VERIFICATION)\n(CERTIFICATION OF NON-FORUM SHOPPING)\n"
+    "(NOTICE OF HEARING)\n(EXPLANATION)\nEnd"_qs;
+const QString kJurat1 = TestClause(ClauseRoutine::InsertJurat, "1");
+const QString kCaption1 = TestClause(ClauseRoutine::InsertCaption, "1");
+const QString kVerification1 = TestClause(ClauseRoutine::InsertVerification, "1");
+
+// The window over a library that has all clauses.
+class ClauseWindow : public TestWindow {
+public:
+    ClauseWindow() { hasClauses = AddTestClauses(*(*this)->Variables().FormsDb); }
+
+    void Choose(const char* entry) { (*this)->Menu(QLatin1String(entry))->trigger(); }
+    QString Content() { return (*this)->txtContent()->Text(); }
+    QString MyContent() { return (*this)->txtMyContent()->Text(); }
+
+    // Takes a clause from the library, or only its text.
+    bool Lose(const char* table, const char* number, bool textOnly) {
+        const auto rows = (*this)->Variables().FormsDb->OpenRecordset(QLatin1String(table));
+        for (bool there = rows->MoveFirst(); there; there = rows->MoveNext()) {
+            if (rows->Field(QLatin1String(table) + u"No"_qs)->toString() != QLatin1String(number))
+                continue;
+            if (!textOnly)
+                return rows->Delete();
+            return rows->Edit() && rows->SetField(u"Content"_qs, QVariant()) && rows->Update();
+        }
+        return false;
+    }
+
+    bool hasClauses = false;
+};
+
+// A dialog that the user answers at once.
+class AnsweredDialog final : public QDialog {
+public:
+    explicit AnsweredDialog(std::function<void()> answer)
+        : m_answer(std::move(answer)) {}
+    int exec() override {
+        m_answer();
+        return 0;
+    }
+
+private:
+    std::function<void()> m_answer;
+};
+
+void Answer(ClauseWindow& window, const char* dialog, const std::function<void()>& answer) {
+    window->Windows().Offer(QLatin1String(dialog),
+                            [answer] { return std::make_unique<AnsweredDialog>(answer); });
+}
+
+} // namespace
+
+class ClauseCommandsTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<ClauseWindow> m_window; // of the tests that need none of their own
+
+private Q_SLOTS:
+    void initTestCase() {
+        m_window = std::make_unique<ClauseWindow>();
+        QVERIFY(m_window->hasClauses);
+    }
+    void init() {
+        ClauseWindow& window = *m_window;
+        window->SetTab(Tab::FormsExplorer);
+        window->txtContent()->setTextRTF(QString());
+        window->txtMyContent()->setTextRTF(QString());
+        window->State().DocumentSaved = true;
+        PublicVariables& variables = window->Variables();
+        variables.JuratNumber.clear();
+        variables.CaptionNumber.clear();
+        variables.VerificationNumber.clear();
+        variables.CurrentSearchWord.clear();
+        window.services.messageBox.shown.clear();
+    }
+    void cleanupTestCase() { m_window.reset(); }
+
+    // ---- the menu
+
+    void EachEntryPutsItsClauseInItsPlace_data() {
+        QTest::addColumn<QString>("name");
+        for (const ClauseEntry& entry : kClauseEntries)
+            QTest::newRow(entry.name) << QString::fromLatin1(entry.name);
+    }
+    void EachEntryPutsItsClauseInItsPlace() {
+        QFETCH(QString, name);
+        const ClauseEntry* entry = FindClauseEntry(name.toStdString());
+        const QString clause = TestClause(entry->routine, entry->number);
+        const QString marker = QLatin1String(entry->marker);
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(kPlaces);
+        window->Variables().CurrentSearchWord = u"before"_qs;
+        window.Choose(entry->name);
+        QCOMPARE(window.Content(),
+                 marker.isEmpty() ? clause + kPlaces : QString(kPlaces).replace(marker, clause));
+        QCOMPARE(window->Variables().CurrentSearchWord, marker.isEmpty() ? u"before"_qs : marker);
+        const QStringList numbers{window->Variables().JuratNumber, window->Variables().CaptionNumber,
+                                  window->Variables().VerificationNumber};
+        QStringList expected{{}, {}, {}};
+        expected[int(entry->routine)] = QLatin1String(entry->number);
+        QCOMPARE(numbers, expected); // the number stays
+        QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    void TheMenuIsEnabledOnEveryPageWithoutAForm() {
+        ClauseWindow& window = *m_window;
+        for (int tab = 0; tab < 6; ++tab) {
+            window->SetTab(Tab(tab));
+            QVERIFY(window->menuTree->Menu(u"mnuAddtoForm"_qs)->isEnabled());
+            for (const ClauseEntry& entry : kClauseEntries)
+                QVERIFY2(window->Menu(QLatin1String(entry.name))->isEnabled(), entry.name);
+        }
+    }
+
+    // ---- the pane
+
+    void TheClauseGoesIntoThePaneOfThePage_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<bool>("mine");
+        QTest::newRow("Forms Explorer") << 0 << false;
+        QTest::newRow("Search") << 1 << false;
+        QTest::newRow("Edit Form") << 2 << false;
+        QTest::newRow("Favorites") << 3 << false;
+        QTest::newRow("History") << 4 << false;
+        QTest::newRow("My Forms") << 5 << true;
+    }
+    void TheClauseGoesIntoThePaneOfThePage() {
+        QFETCH(int, tab);
+        QFETCH(bool, mine);
+        for (const char* entry : {"mnuJuratIndividual", "mnuCaptionSC", "mnuAddVerificationIndividual"}) {
+            ClauseWindow& window = *m_window;
+            window->txtContent()->setText(u"form"_qs);
+            window->txtMyContent()->setText(u"mine"_qs);
+            window->SetTab(Tab(tab));
+            window.Choose(entry);
+            QCOMPARE(window.Content() == u"form", mine);
+            QCOMPARE(window.MyContent() == u"mine", !mine);
+            QCOMPARE(window->CurrentTab(), Tab(tab));
+        }
+    }
+
+    void AnEmptyPaneTakesTheClauseBehindTwoBlanks_data() {
+        QTest::addColumn<QString>("form");
+        QTest::addColumn<QString>("mine");
+        QTest::addColumn<QString>("mineAfter");
+        QTest::newRow("both empty") << QString() << QString() << u"  "_qs;
+        QTest::newRow("one blank") << u" "_qs << QString() << u"  "_qs;
+        QTest::newRow("the other has one blank") << QString() << u" "_qs << u"  "_qs;
+        QTest::newRow("the other has a form") << QString() << u"mine"_qs << u"mine"_qs;
+    }
+    void AnEmptyPaneTakesTheClauseBehindTwoBlanks() {
+        QFETCH(QString, form);
+        QFETCH(QString, mine);
+        for (const bool isJurat : {true, false}) {
+            ClauseWindow& window = *m_window;
+            window->txtContent()->setText(form);
+            window->txtMyContent()->setText(mine);
+            window.Choose(isJurat ? "mnuJuratIndividual" : "mnuAddVerificationIndividual");
+            QCOMPARE(window.Content(), QString(u"  "_qs + (isJurat ? kJurat1 : kVerification1)));
+            QTEST(window.MyContent(), "mineAfter");
+        }
+    }
+
+    void ACaptionLeavesAnEmptyPaneWithoutBlanks() {
+        ClauseWindow& window = *m_window;
+        window.Choose("mnuCaptionSC");
+        QCOMPARE(window.Content(), kCaption1);
+        QCOMPARE(window.MyContent(), QString());
+    }
+
+    void APaneOfOneCharacterTakesOnlyACaption() {
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(u"x"_qs);
+        window.Choose("mnuJuratIndividual");
+        window.Choose("mnuAddVerificationIndividual");
+        QCOMPARE(window.Content(), u"x"_qs);
+        QCOMPARE(window.MyContent(), u"  "_qs);
+        QVERIFY(window.services.messageBox.shown.empty());
+        window.Choose("mnuCaptionSC");
+        QCOMPARE(window.Content(), QString(kCaption1 + u'x'));
+    }
+
+    // ---- the place
+
+    void TheMarkerIsFoundInSmallLetters() {
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(u"I swear.\n(jurat)\nEnd"_qs);
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), u"I swear.\n%1\nEnd"_qs.arg(kJurat1));
+    }
+
+    void TwoPlacesAreFilledInTurnAndTheThirdClauseGoesToTheEnd() {
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(u"1 (JURAT) 2 (JURAT) 3"_qs);
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), u"1 %1 2 (JURAT) 3"_qs.arg(kJurat1));
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), u"1 %1 2 %1 3"_qs.arg(kJurat1));
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), u"1 %1 2 %1 3%1"_qs.arg(kJurat1));
+    }
+
+    void AJuratLeavesThePlaceOfAnAcknowledgment() {
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(u"Deed\n(ACKNOWLEDGMENT)"_qs);
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), QString(u"Deed\n(ACKNOWLEDGMENT)"_qs + kJurat1));
+    }
+
+    void APlaceOfAVerificationTakesAnyOfTheThree_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name :
+             {"mnuAddVerificationIndividual", "mnuVerificationCorporation", "mnuVerificationCertification"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void APlaceOfAVerificationTakesAnyOfTheThree() {
+        QFETCH(QString, name);
+        ClauseWindow& window = *m_window;
+        window->txtContent()->setText(u"a (VERIFICATION) b"_qs);
+        window->Menu(name)->trigger();
+        QVERIFY(window.Content().startsWith(u"a Verification "));
+        QVERIFY(window.Content().endsWith(u" b"));
+        QVERIFY(!window.Content().contains(u"(VERIFICATION)"));
+    }
+
+    void ACaptionGoesOnTopWhereverTheCaretIs() {
+        ClauseWindow& window = *m_window;
+        QString text;
+        for (int line = 0; line < 3000; ++line)
+            text += u"Line %1\n"_qs.arg(line);
+        RichTextBox* pane = window->txtContent();
+        pane->setText(text);
+        pane->setSelStart(int(text.size()));
+        window.Choose("mnuCaptionSC");
+        QCOMPARE(window.Content(), QString(kCaption1 + text));
+        window.Choose("mnuCaptionCA");
+        QCOMPARE(window.Content(), QString(TestClause(ClauseRoutine::InsertCaption, "2") + kCaption1 + text));
+    }
+
+    // ---- the selection, the focus, the flags
+
+    void WhatWasSelectedStaysAndTheCaretIsBehindTheClause_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("at the end") << u"mnuJuratIndividual"_qs << QString(u"selected"_qs + kJurat1 + u'|');
+        QTest::newRow("on top") << u"mnuCaptionSC"_qs << QString(kCaption1 + u"|selected"_qs);
+    }
+    void WhatWasSelectedStaysAndTheCaretIsBehindTheClause() {
+        QFETCH(QString, name);
+        ClauseWindow& window = *m_window;
+        RichTextBox* pane = window->txtContent();
+        pane->setText(u"selected"_qs);
+        pane->selectAll();
+        window->Menu(name)->trigger();
+        QCOMPARE(pane->SelLength(), 0);
+        QTEST(window.Content().insert(pane->SelStart(), u'|'), "after");
+    }
+
+    void TheFocusStaysWhereItWas() {
+        ClauseWindow& window = *m_window;
+        QVERIFY(window.Show());
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        list->setFocus();
+        for (const char* entry : {"mnuJuratIndividual", "mnuCaptionSC", "mnuAddVerificationIndividual"}) {
+            window.Choose(entry);
+            QVERIFY(list->hasFocus());
+        }
+    }
+
+    void AnInsertionDoesNotTouchTheSavedFlag() {
+        for (const bool saved : {true, false}) {
+            ClauseWindow& window = *m_window;
+            window->State().DocumentSaved = saved;
+            window.Choose("mnuJuratIndividual");
+            window.Choose("mnuCaptionSC");
+            QCOMPARE(window->State().DocumentSaved, saved);
+        }
+    }
+
+    // ---- the format
+
+    void TheClauseTakesOnTheFormatOfItsPlace_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("clause");
+        QTest::addColumn<QString>("marked"); // what has the format that the clause takes on
+        QTest::newRow("in place") << u"mnuJuratIndividual"_qs << kJurat1 << u"(JURAT)"_qs;
+        QTest::newRow("at the end") << u"mnuAddVerificationIndividual"_qs << kVerification1 << u"last"_qs;
+        QTest::newRow("on top") << u"mnuCaptionSC"_qs << kCaption1 << u"first"_qs;
+    }
+    void TheClauseTakesOnTheFormatOfItsPlace() {
+        QFETCH(QString, name);
+        QFETCH(QString, clause);
+        QFETCH(QString, marked);
+        ClauseWindow& window = *m_window;
+        RichTextBox* pane = window->txtContent();
+        const QString text = u"first\nbetween\n(JURAT)\nbetween\nlast"_qs;
+        pane->setText(text);
+        pane->setSelStart(int(text.indexOf(marked)));
+        pane->setSelLength(int(marked.size()));
+        pane->setSelBold(true);
+        pane->setSelFontSize(17);
+        pane->setSelColor(Qt::blue);
+        const int paragraphs = pane->document()->blockCount();
+        window->Menu(name)->trigger();
+
+        QCOMPARE(pane->document()->blockCount(), paragraphs + 1); // a clause of two lines
+        pane->setSelStart(int(pane->Text().indexOf(clause)));
+        pane->setSelLength(int(clause.size()));
+        QCOMPARE(pane->SelText(), clause);
+        QCOMPARE(pane->SelBold(), std::optional(true));
+        QCOMPARE(pane->SelFontSize(), std::optional(17.0));
+        QCOMPARE(pane->SelColor(), std::optional(QColor(Qt::blue)));
+        for (qsizetype at = pane->Text().indexOf(u"between"); at >= 0;
+             at = pane->Text().indexOf(u"between", at + 1)) {
+            pane->setSelStart(int(at));
+            pane->setSelLength(7);
+            QCOMPARE(pane->SelBold(), std::optional(false));
+            QVERIFY(pane->SelFontSize() != std::optional(17.0));
+        }
+    }
+
+    // ---- undo
+
+    void AnInsertionIsOneStepOfUndo_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("tab");
+        for (const char* name : {"mnuJuratIndividual", "mnuCaptionSC", "mnuAddVerificationIndividual"}) {
+            QTest::addRow("%s, form", name) << QString::fromLatin1(name) << int(Tab::EditForm);
+            QTest::addRow("%s, my form", name) << QString::fromLatin1(name) << int(Tab::MyForms);
+        }
+    }
+    void AnInsertionIsOneStepOfUndo() {
+        QFETCH(QString, name);
+        QFETCH(int, tab);
+        ClauseWindow window;
+        window->txtContent()->setText(kPlaces);
+        window->txtMyContent()->setText(kPlaces);
+        window->SetTab(Tab(tab));
+        RichTextBox* pane = window->ActivePane();
+        const PaneHistory& history =
+            Tab(tab) == Tab::MyForms ? window->undoCommands->MyHistory() : window->undoCommands->History();
+        const int before = history.Index();
+        const QString source = pane->TextRTF();
+        QSignalSpy changes(pane, &RichTextBox::Change);
+        window->Menu(name)->trigger();
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(history.Index(), before + 1);
+        const QString with = pane->TextRTF();
+        window->Menu(u"mnuUndo"_qs)->trigger();
+        QCOMPARE(pane->TextRTF(), source);
+        window->Menu(u"mnuRedo"_qs)->trigger();
+        QCOMPARE(pane->TextRTF(), with);
+    }
+
+    void TheTwoBlanksAreAStepOfTheirOwnInBothPanes() {
+        ClauseWindow window;
+        const int form = window->undoCommands->History().Index();
+        const int mine = window->undoCommands->MyHistory().Index();
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window->undoCommands->History().Index(), form + 2);
+        QCOMPARE(window->undoCommands->MyHistory().Index(), mine + 1);
+        window->Menu(u"mnuUndo"_qs)->trigger();
+        QCOMPARE(window.Content(), u"  "_qs);
+    }
+
+    // ---- what the library does not give
+
+    void AMissingClauseTakesTheMarkerAway_data() {
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("no row") << u"row"_qs;
+        QTest::newRow("no text") << u"text"_qs;
+        QTest::newRow("no library") << u"library"_qs;
+    }
+    void AMissingClauseTakesTheMarkerAway() {
+        QFETCH(QString, fault);
+        ClauseWindow window;
+        if (fault == u"library") {
+            window->Store().CloseLibrary();
+        } else {
+            for (const char* table : {"Jurat", "Caption", "Verification"})
+                QVERIFY(window.Lose(table, "1", fault == u"text"));
+        }
+        window->txtContent()->setText(u"a (JURAT) b (VERIFICATION) c"_qs);
+        window.Choose("mnuJuratIndividual");
+        QCOMPARE(window.Content(), u"a  b (VERIFICATION) c"_qs);
+        window.Choose("mnuAddVerificationIndividual");
+        QCOMPARE(window.Content(), u"a  b  c"_qs);
+        // without a marker nothing is added
+        window.Choose("mnuJuratIndividual");
+        window.Choose("mnuAddVerificationIndividual");
+        window.Choose("mnuCaptionSC");
+        QCOMPARE(window.Content(), u"a  b  c"_qs);
+        QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    // ---- the buttons
+
+    void TheButtonsSayWhatTheyAdd() {
+        ClauseWindow& window = *m_window;
+        QCOMPARE(window->leftToolbar->cmdAddJurat->toolTip(),
+                 u"Add a Jurat or an Acknowledgment to Affidavits or Contracts"_qs);
+        QCOMPARE(window->leftToolbar->AddVerification->toolTip(),
+                 u"Add a Verification or other Pleading Requirements"_qs);
+    }
+
+    void TheJuratButtonForgetsTheOldChoiceAndInsertsTheNewOne() {
+        ClauseWindow window;
+        PublicVariables& variables = window->Variables();
+        window->txtContent()->setText(kPlaces);
+        variables.JuratNumber = u"1"_qs;
+        variables.VerificationNumber = u"1"_qs;
+        QString atOpening = u"never opened"_qs;
+        Answer(window, "frmJurat", [&] {
+            atOpening = variables.JuratNumber;
+            variables.JuratNumber = u"5"_qs;
+            variables.CurrentSearchWord = u"(ACKNOWLEDGMENT)"_qs;
+        });
+        window->leftToolbar->cmdAddJurat->click();
+        QCOMPARE(atOpening, QString());
+        QCOMPARE(window.Content(), QString(kPlaces).replace(u"(ACKNOWLEDGMENT)"_qs,
+                                                            TestClause(ClauseRoutine::InsertJurat, "5")));
+        QCOMPARE(variables.VerificationNumber, u"1"_qs);
+        QCOMPARE(variables.JuratNumber, u"5"_qs);
+    }
+
+    void WithoutAChoiceTheButtonsChangeNothing() {
+        ClauseWindow window;
+        int opened = 0;
+        Answer(window, "frmJurat", [&] { ++opened; });
+        Answer(window, "frmVerification", [&] { ++opened; });
+        window.Choose("mnuCaptionSC"); // leaves its number behind
+        window->txtContent()->setText(QString());
+        window->leftToolbar->cmdAddJurat->click();
+        window->leftToolbar->AddVerification->click();
+        QCOMPARE(opened, 2);
+        QCOMPARE(window.Content(), QString());
+        QCOMPARE(window.MyContent(), QString());
+        QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    void TheVerificationButtonForgetsBothOldChoices() {
+        ClauseWindow window;
+        PublicVariables& variables = window->Variables();
+        window->txtContent()->setText(kPlaces);
+        window.Choose("mnuCaptionSC");
+        QCOMPARE(variables.CaptionNumber, u"1"_qs);
+        QStringList atOpening;
+        Answer(window, "frmVerification", [&] {
+            atOpening = {variables.CaptionNumber, variables.VerificationNumber};
+            variables.VerificationNumber = u"6"_qs;
+            variables.CurrentSearchWord = u"(EXPLANATION)"_qs;
+        });
+        variables.VerificationNumber = u"2"_qs;
+        window->leftToolbar->AddVerification->click();
+        QCOMPARE(atOpening, QStringList({{}, {}}));
+        QCOMPARE(window.Content(),
+                 kCaption1 + QString(kPlaces).replace(u"(EXPLANATION)"_qs,
+                                                      TestClause(ClauseRoutine::InsertVerification, "6")));
+    }
+
+    void ACaptionAndAVerificationAreInsertedIndependently() {
+        ClauseWindow window;
+        PublicVariables& variables = window->Variables();
+        window->txtContent()->setText(kPlaces);
+        Answer(window, "frmVerification", [&] {
+            variables.CaptionNumber = u"1"_qs;
+            variables.VerificationNumber = u"1"_qs;
+            variables.CurrentSearchWord = u"(VERIFICATION)"_qs;
+        });
+        window->leftToolbar->AddVerification->click();
+        QCOMPARE(window.Content(),
+                 kCaption1 + QString(kPlaces).replace(u"(VERIFICATION)"_qs, kVerification1));
+    }
+
+    void EachDialogIsMadeOnceAndStays() {
+        ClauseWindow window;
+        for (const char* name : {"frmJurat", "frmVerification"}) {
+            int made = 0;
+            window->Windows().Offer(QLatin1String(name), [&made] {
+                ++made;
+                return std::make_unique<AnsweredDialog>([] {});
+            });
+            QVERIFY(!window->Windows().IsLoaded(QLatin1String(name)));
+            auto* button = window->findChild<platform::MyButton*>(
+                QLatin1String(name) == u"frmJurat" ? u"cmdAddJurat"_qs : u"AddVerification"_qs);
+            button->click();
+            button->click();
+            QCOMPARE(made, 1);
+            QVERIFY(window->Windows().IsLoaded(QLatin1String(name)));
+        }
+    }
+};
+
+QTEST_MAIN(ClauseCommandsTest)
+#include "clause_commands_test.moc"
