@@ -26,10 +26,10 @@ constexpr int kLeft = 8;
 constexpr int kHeadingTop = 30;
 constexpr int kHeadingHeight = 26;
 constexpr int kQueryTop = 58;
-constexpr int kQueryWidth = 336;
+constexpr int kQueryWidth = 320;
 constexpr int kQueryHeight = 72;
-constexpr int kRightLeft = 352; // of what stands beside the query
-constexpr int kRightWidth = 308;
+constexpr int kRightLeft = 336; // of what stands beside the query
+constexpr int kRightWidth = 324;
 constexpr int kResultTop = 134;
 constexpr int kResultWidth = 420;
 constexpr int kHitsLeft = 436;
@@ -74,13 +74,13 @@ void SearchPage::BuildQuery(QWidget* page) {
     cboQuery = new platform::ComboBox(false, true, fmeSearch);
     cboQuery->setObjectName(QStringLiteral("cboQuery"));
     cboQuery->setAccessibleName(tr("Words or phrase to look for"));
-    cboQuery->setGeometry(8, 20, 232, 26);
+    cboQuery->setGeometry(8, 20, 216, 26);
     cmdSearch = new MyButton(MyButton::Kind::Plain, fmeSearch);
     cmdSearch->setObjectName(QStringLiteral("cmdSearch"));
     cmdSearch->setCaption(tr("Search"));
     cmdSearch->setIcon(Picture(QStringLiteral("search")));
     cmdSearch->setToolTip(tr("Begin Search!"));
-    cmdSearch->setGeometry(244, 20, 84, 26);
+    cmdSearch->setGeometry(228, 20, 84, 26);
 }
 
 void SearchPage::BuildModes(QWidget* page) {

@@ -224,6 +224,24 @@ private Q_SLOTS:
         QCOMPARE(Pane(), u"text of mine"_qs);
     }
 
+    void PointingAtAListShowsTheEntryAndBelowTheLastOneTheProgramsName_data() {
+        QTest::addColumn<QString>("list");
+        QTest::newRow("lstTitle") << u"lstTitle"_qs;
+        QTest::newRow("lstSubCategory") << u"lstSubCategory"_qs;
+    }
+    void PointingAtAListShowsTheEntryAndBelowTheLastOneTheProgramsName() {
+        QFETCH(QString, list);
+        QVERIFY(m_window->Show());
+        auto* box = (*m_window)->findChild<platform::ListBox*>(list);
+        const auto point = [&](const QPoint& place) {
+            QTest::mouseMove((*m_window)->windowHandle(), box->viewport()->mapTo(&**m_window, place));
+        };
+        point(box->visualRect(box->model()->index(1, 0)).center());
+        QTRY_COMPARE((*m_window)->windowTitle(), box->List(1));
+        point({20, box->viewport()->height() - 4});
+        QTRY_COMPARE((*m_window)->windowTitle(), u"Quillbrook"_qs);
+    }
+
     void LeavingThePageAndComingBackKeepsListsAndSelection() {
         Title(u"Second Acknowledgment"_qs);
         (*m_window)->SetTab(Tab::Favorites);
