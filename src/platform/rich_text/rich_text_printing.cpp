@@ -17,6 +17,7 @@ namespace {
 
 constexpr double kScreenDpi = 96;
 constexpr double kTwipsPerInch = 1440;
+constexpr double kTouch = 0.25; // device pixels
 
 // What is left of a rectangle without some lines. Lines that touch are rounded alike.
 QRegion Shown(const QRectF& clip, const std::vector<QRectF>& hidden) {
@@ -25,6 +26,27 @@ QRegion Shown(const QRectF& clip, const std::vector<QRectF>& hidden) {
         region -= QRect(QPoint(qRound(line.left()), qRound(line.top())),
                         QPoint(qRound(line.right()) - 1, qRound(line.bottom()) - 1));
     return region;
+}
+
+// Draws the paragraph at the start of a piece if the piece begins within it, and gives where the rest of the
+// piece begins. Qt would draw the line before the piece as well: clipped away, but there in the text of a
+// PDF.
+double DrawPartedParagraph(QPainter& painter, const QTextDocument& document, const PrintPiece& piece) {
+    const QTextBlock block = document.findBlock(piece.first);
+    const QTextLayout& layout = *block.layout();
+    const bool isParted =
+        layout.lineCount() > 0 && layout.position().y() + layout.lineAt(0).y() < piece.top - kTouch;
+    if (!isParted || QTextCursor(block).currentFrame() != document.rootFrame() ||
+        block.blockFormat().hasProperty(QTextFormat::BackgroundBrush))
+        return piece.top;
+    painter.setPen(Qt::black);
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const double top = layout.position().y() + line.y();
+        if (top >= piece.top - kTouch && top + line.height() <= piece.bottom + kTouch)
+            line.draw(&painter, layout.position());
+    }
+    return document.documentLayout()->blockBoundingRect(block).bottom();
 }
 
 } // namespace
@@ -142,9 +164,13 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
         if (!piece.hidden.empty())
             painter.setClipRegion(Shown(clip, piece.hidden), Qt::IntersectClip);
         QAbstractTextDocumentLayout::PaintContext context;
+        // lines that only touch the piece are those of the pages beside it
         context.clip = clip;
+        context.clip.setTop(DrawPartedParagraph(painter, *m_document, piece) + kTouch);
+        context.clip.setBottom(clip.bottom() - kTouch);
         context.palette.setColor(QPalette::Text, Qt::black);
-        m_document->documentLayout()->draw(&painter, context);
+        if (context.clip.isValid())
+            m_document->documentLayout()->draw(&painter, context);
         DrawMarkers(painter, m_document->findBlock(piece.first), clip, piece.next);
         painter.restore();
     }

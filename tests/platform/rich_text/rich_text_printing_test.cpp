@@ -379,10 +379,10 @@ private Q_SLOTS:
 
     void APictureTallerThanThePageIsMadeToFit() {
         RichTextBox box;
-        box.setTextRTF(QStringLiteral("{\\rtf1{\\pict\\pngblip\\picwgoal6000\\pichgoal60000 "
-                                      "89504e470d0a1a0a0000000d49484452000000010000000108020000009077"
-                                      "53de0000000c4944415408d763606060000000040001f61738550000000049"
-                                      "454e44ae426082}\\par end\\par}"));
+        box.setTextRTF(
+            QStringLiteral("{\\rtf1{\\pict\\pngblip\\picwgoal6000\\pichgoal60000 "
+                           "89504e470d0a1a0a0000000d49484452000000010000000108000000003a7e9b55000000"
+                           "0a49444154789c636000000002000148afa4710000000049454e44ae426082}\\par end\\par}"));
         Paper paper;
         const QRect page(0, 0, 6 * kInch, 5 * kInch);
         const auto pages = Pages(box, paper.Painter(), page);
