@@ -45,7 +45,9 @@ QStringList PdfPages::Words() const {
     const QByteArray text =
         Run(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), QStringLiteral("-enc"),
                                           QStringLiteral("UTF-8"), m_file, QStringLiteral("-")});
-    return QString::fromUtf8(text).simplified().split(u' ', Qt::SkipEmptyParts);
+    // fonts draw some letters as one
+    const QString plain = QString::fromUtf8(text).normalized(QString::NormalizationForm_KC);
+    return plain.simplified().split(u' ', Qt::SkipEmptyParts);
 }
 
 QStringList PdfPages::Lines(int index) const {

@@ -1,7 +1,6 @@
 // Rich text whose every word is another one, so that a test can tell what was printed, where and how often.
 #pragma once
 
-#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 
@@ -11,12 +10,9 @@ public:
     QString Source() const {
         return QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Times New Roman;}}\\f0\\fs24 ") + m_source + u'}';
     }
-    QStringList Expected() const {
-        QStringList words;
-        for (int i = 0; i < m_count; ++i)
-            words += Word(i);
-        return words;
-    }
+    // The words, with the marks of the items before theirs.
+    QStringList Expected() const { return m_expected; }
+    // How many words there are, without the marks.
     int Count() const { return m_count; }
     static QString Word(int number) { return QStringLiteral("w%1").arg(number); }
 
@@ -26,11 +22,13 @@ public:
     }
     PrintedText& Heading(int words) { return Paragraph(words, QStringLiteral("\\qc\\keepn\\sb240\\sa120")); }
     PrintedText& Bullet(int words) {
+        m_expected += QStringLiteral("\u2022");
         return Paragraph(
             words,
             QStringLiteral("\\fi-360\\li720{\\pntext\\u8226?\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\u8226?}}"));
     }
     PrintedText& Number(int words, int number) {
+        m_expected += QStringLiteral("%1.").arg(number);
         return Paragraph(words, QStringLiteral("\\fi-360\\li720{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec"
                                                "\\pnstart1{\\pntxta.}}")
                                     .arg(number));
@@ -58,12 +56,15 @@ public:
 private:
     QString Words(int count) {
         QString text;
-        for (int i = 0; i < count; ++i)
-            text += (i ? QStringLiteral(" ") : QString()) + Word(m_count++);
+        for (int i = 0; i < count; ++i) {
+            m_expected += Word(m_count++);
+            text += (i ? QStringLiteral(" ") : QString()) + m_expected.last();
+        }
         return text;
     }
 
     QString m_source;
+    QStringList m_expected;
     int m_count = 0;
 };
 
@@ -80,10 +81,4 @@ inline PrintedText Contract(int articles) {
         text.Paragraph(4, QStringLiteral("\\qr"));
     }
     return text;
-}
-
-// The words of a text alone, without the marks of items.
-inline QStringList OnlyWords(const QStringList& words) {
-    static const QRegularExpression word(QStringLiteral("^w\\d+$"));
-    return words.filter(word);
 }

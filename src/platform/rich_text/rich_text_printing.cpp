@@ -28,6 +28,12 @@ QRegion Shown(const QRectF& clip, const std::vector<QRectF>& hidden) {
     return region;
 }
 
+// Whether a paragraph has nothing of its own under its lines, so that they can be drawn one by one.
+bool IsPlain(const QTextBlock& block) {
+    return QTextCursor(block).currentFrame() == block.document()->rootFrame() &&
+           !block.blockFormat().hasProperty(QTextFormat::BackgroundBrush);
+}
+
 // Draws the paragraph at the start of a piece if the piece begins within it, and gives where the rest of the
 // piece begins. Qt would draw the line before the piece as well: clipped away, but there in the text of a
 // PDF.
@@ -36,8 +42,7 @@ double DrawPartedParagraph(QPainter& painter, const QTextDocument& document, con
     const QTextLayout& layout = *block.layout();
     const bool isParted =
         layout.lineCount() > 0 && layout.position().y() + layout.lineAt(0).y() < piece.top - kTouch;
-    if (!isParted || QTextCursor(block).currentFrame() != document.rootFrame() ||
-        block.blockFormat().hasProperty(QTextFormat::BackgroundBrush))
+    if (!isParted || !IsPlain(block))
         return piece.top;
     painter.setPen(Qt::black);
     for (int i = 0; i < layout.lineCount(); ++i) {
@@ -47,6 +52,38 @@ double DrawPartedParagraph(QPainter& painter, const QTextDocument& document, con
             line.draw(&painter, layout.position());
     }
     return document.documentLayout()->blockBoundingRect(block).bottom();
+}
+
+// Draws what of a piece is within `clip` from `top` on, each marker before its paragraph: who copies from a
+// PDF or has it read aloud gets them in the order in which they were drawn.
+void DrawInOrder(QPainter& painter, const QTextDocument& document, const PrintPiece& piece,
+                 const QRectF& clip, double top) {
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    context.clip = clip;
+    context.clip.setTop(top);
+    QTextBlock unmarked = document.findBlock(piece.first);
+    const auto drawTo = [&](double bottom, int position) {
+        context.clip.setBottom(bottom);
+        if (context.clip.isValid())
+            document.documentLayout()->draw(&painter, context);
+        DrawMarkers(painter, unmarked, clip, position);
+    };
+    for (QTextBlock block = unmarked; block.isValid() && block.position() < piece.next;
+         block = block.next()) {
+        const QTextLayout& layout = *block.layout();
+        if (block.blockFormat().stringProperty(BulletText).isEmpty() || layout.lineCount() == 0 ||
+            !IsPlain(block))
+            continue;
+        const double first = layout.position().y() + layout.lineAt(0).y();
+        if (first < top - kTouch)
+            continue;
+        drawTo(first - kTouch, block.position());
+        context.clip.setTop(first + kTouch);
+        unmarked = block.next();
+        DrawMarkers(painter, block, clip, block.position() + 1);
+    }
+    drawTo(clip.bottom(), piece.next);
 }
 
 } // namespace
@@ -163,15 +200,9 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
         painter.setClipRect(clip, Qt::IntersectClip);
         if (!piece.hidden.empty())
             painter.setClipRegion(Shown(clip, piece.hidden), Qt::IntersectClip);
-        QAbstractTextDocumentLayout::PaintContext context;
         // lines that only touch the piece are those of the pages beside it
-        context.clip = clip;
-        context.clip.setTop(DrawPartedParagraph(painter, *m_document, piece) + kTouch);
-        context.clip.setBottom(clip.bottom() - kTouch);
-        context.palette.setColor(QPalette::Text, Qt::black);
-        if (context.clip.isValid())
-            m_document->documentLayout()->draw(&painter, context);
-        DrawMarkers(painter, m_document->findBlock(piece.first), clip, piece.next);
+        const double top = DrawPartedParagraph(painter, *m_document, piece);
+        DrawInOrder(painter, *m_document, piece, clip.adjusted(0, kTouch, 0, -kTouch), top + kTouch);
         painter.restore();
     }
     m_pieces.insert_or_assign(piece.next, piece);
