@@ -18,6 +18,7 @@
 #include "library/favorites_page.h"
 #include "library/history_page.h"
 #include "library/my_forms_page.h"
+#include "output/file_commands.h"
 #include "output/paper_commands.h"
 #include "output/print_commands.h"
 #include "platform/controls/combo_box.h"
@@ -188,6 +189,8 @@ void frmMain::ConnectToolbar() {
     connect(leftToolbar->cmdAddJurat, &platform::MyButton::Click, clauseCommands, &ClauseCommands::AddJurat);
     connect(leftToolbar->AddVerification, &platform::MyButton::Click, clauseCommands,
             &ClauseCommands::AddVerification);
+    connect(leftToolbar->btnSave, &platform::MyButton::Click, Menu(QStringLiteral("mnuSave")),
+            [this] { fileCommands->ShowSaveDialog(); });
     connect(leftToolbar->btnHelp, &platform::MyButton::Click, Menu(QStringLiteral("mnuHelpContents")),
             &QAction::trigger);
 }
@@ -198,6 +201,7 @@ void frmMain::BuildCommands() {
     undoCommands = new UndoCommands(*editToolBar, *this, m_state, this);
     editorPanes = new EditorPanes(*editToolBar, *formatCommands, *undoCommands, *this, m_state, this);
     paperCommands = new PaperCommands(*this, m_windows, this);
+    fileCommands = new FileCommands(*myFormsPage, *this, m_state, m_windows, m_services, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
     searchCommands = new SearchCommands(*searchPage, *this, m_state, m_store, this);
     clauseCommands = new ClauseCommands(*this, m_store, m_variables, m_windows, this);

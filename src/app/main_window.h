@@ -24,6 +24,7 @@ class ClipboardCommands;
 class EditorPanes;
 class EditToolBar;
 class FavoritesPage;
+class FileCommands;
 class FormatCommands;
 class HistoryPage;
 class LeftToolbar;
@@ -84,6 +85,7 @@ public:
     ClauseCommands* clauseCommands;
     EditorPanes* editorPanes;
     PaperCommands* paperCommands;
+    FileCommands* fileCommands;
     PrintCommands* printCommands;
     SearchCommands* searchCommands;
     QFrame* Line1;

@@ -59,6 +59,17 @@ struct FontChoice {
     QColor Color;
 };
 
+// What a file dialog asks for, and the file chosen last.
+struct FileChoice {
+    QString title;
+    QString filter; // "Name (*.ext *.ext)"
+    bool asksBeforeOverwriting = false;
+    QString FileName; // full path
+
+    // The name without its folder.
+    QString FileTitle() const { return FileName.mid(FileName.lastIndexOf(QLatin1Char('/')) + 1); }
+};
+
 // The desktop's common dialogs, all modal.
 class CommonDialogService {
 public:
@@ -67,6 +78,8 @@ public:
     // False when the user cancelled; `choice` is then as it was.
     virtual bool ShowFont(QWidget* parent, FontChoice& choice) = 0;
     virtual bool ShowColor(QWidget* parent, QColor& color) = 0;
+    virtual bool ShowSave(QWidget* parent, FileChoice& choice) = 0;
+    virtual bool ShowOpen(QWidget* parent, FileChoice& choice) = 0; // a file that is there
 };
 
 // The sheet in the printer. All zero while no job is open.

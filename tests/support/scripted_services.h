@@ -63,11 +63,25 @@ public:
         return confirmed;
     }
 
+    bool ShowSave(QWidget*, platform::FileChoice& choice) override { return ShowFile(choice); }
+    bool ShowOpen(QWidget*, platform::FileChoice& choice) override { return ShowFile(choice); }
+
     bool confirmed = true;
+    QStringList files; // given by the file dialogs one after the other; then they are cancelled
+    std::vector<platform::FileChoice> filesShown;
     platform::FontChoice font;
     QColor color;
     std::vector<platform::FontChoice> fontsShown; // as they came up
     std::vector<QColor> colorsShown;
+
+private:
+    bool ShowFile(platform::FileChoice& choice) {
+        filesShown.push_back(choice);
+        if (files.isEmpty())
+            return false;
+        choice.FileName = files.takeFirst();
+        return true;
+    }
 };
 
 // The real printing, to a PDF file of the test's choice, on a printer that fails when the test wants it.

@@ -3,6 +3,7 @@
 #include "platform/desktop/font_dialog.h"
 
 #include <QColorDialog>
+#include <QFileDialog>
 
 namespace platform {
 
@@ -15,12 +16,37 @@ bool CommonDialog::ShowFont(QWidget* parent, FontChoice& choice) {
 }
 
 bool CommonDialog::ShowColor(QWidget* parent, QColor& color) {
-    const QColor chosen =
-        QColorDialog::getColor(color, parent, QColorDialog::tr("Text Color"), QColorDialog::DontUseNativeDialog);
+    const QColor chosen = QColorDialog::getColor(color, parent, QColorDialog::tr("Text Color"),
+                                                 QColorDialog::DontUseNativeDialog);
     if (!chosen.isValid())
         return false;
     color = chosen;
     return true;
+}
+
+// Shows the dialog with the file chosen last in it.
+static bool ShowFileDialog(QFileDialog& dialog, FileChoice& choice) {
+    if (!choice.FileName.isEmpty())
+        dialog.selectFile(choice.FileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
+    choice.FileName = dialog.selectedFiles().constFirst();
+    return true;
+}
+
+bool CommonDialog::ShowSave(QWidget* parent, FileChoice& choice) {
+    QFileDialog dialog(parent, choice.title, QString(), choice.filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !choice.asksBeforeOverwriting);
+    return ShowFileDialog(dialog, choice);
+}
+
+bool CommonDialog::ShowOpen(QWidget* parent, FileChoice& choice) {
+    QFileDialog dialog(parent, choice.title, QString(), choice.filter);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return ShowFileDialog(dialog, choice);
 }
 
 } // namespace platform

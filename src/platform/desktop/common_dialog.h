@@ -10,6 +10,8 @@ public:
     // Offers font, style, size, underline, strikethrough and colour, with a sample.
     bool ShowFont(QWidget* parent, FontChoice& choice) override;
     bool ShowColor(QWidget* parent, QColor& color) override;
+    bool ShowSave(QWidget* parent, FileChoice& choice) override;
+    bool ShowOpen(QWidget* parent, FileChoice& choice) override;
 };
 
 } // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace quillbrook {
+
+// The path with `extension` (of three letters, with its dot) in place of its last four characters when the
+// first of these is a dot; any other path as it is.
+inline QString WithExtension(const QString& path, const QString& extension) {
+    return path.size() >= 4 && path.at(path.size() - 4) == QLatin1Char('.') ? path.chopped(4) + extension
+                                                                            : path;
+}
+
+// Whether a file is opened through the word processor, by its lower-cased path.
+inline bool IsWordDocument(const QString& lowerCasedPath) {
+    return lowerCasedPath.endsWith(QStringLiteral(".doc"));
+}
+
+} // namespace quillbrook
