@@ -5,6 +5,7 @@
 #include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/services.h"
+#include "platform/word/word_processor.h"
 
 #include <QApplication>
 
@@ -19,7 +20,8 @@ int main(int argc, char* argv[]) {
     platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"));
     platform::CommonDialog commonDialog;
     platform::Printer printer(QStringLiteral("Quillbrook PRO"));
-    platform::Services services{messageBox, instance, commonDialog, printer};
+    platform::WordProcessor wordProcessor;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());
     if (!program.Start())

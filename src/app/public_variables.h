@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/database/database.h"
+#include "platform/word/word_application.h"
 
 #include <QString>
 #include <memory>
@@ -17,6 +18,9 @@ struct PublicVariables {
     QString JuratNumber;
     QString CaptionNumber;
     QString VerificationNumber;
+
+    // The word processor of the command that is running; null between two commands.
+    std::unique_ptr<platform::WordApplication> WordApp;
 
     QString CurrentSearchWord; // what is looked for: a hit's term, or the marker that a clause is to replace
 };

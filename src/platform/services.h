@@ -6,11 +6,14 @@
 #include <QPoint>
 #include <QSize>
 #include <QString>
+#include <memory>
 
 class QPainter;
 class QWidget;
 
 namespace platform {
+
+class WordApplication;
 
 enum class MessageIcon { Information, Question, Exclamation, Critical };
 enum class MessageButtons { Ok, YesNo };
@@ -110,12 +113,23 @@ public:
     virtual bool ShowSetup(QWidget* parent) = 0;
 };
 
+// Starts the word processor. See word/word_application.h.
+class WordProcessorService {
+public:
+    virtual ~WordProcessorService() = default;
+
+    // A new instance, not visible; null when there is none on this machine or it does not start. `window` is
+    // the one in front of which the instance shows dialogs of ours.
+    virtual std::unique_ptr<WordApplication> CreateWordApplication(QWidget* window) = 0;
+};
+
 // References to one of each; they outlive every window.
 struct Services {
     MessageBoxService& messageBox;
     InstanceService& instance;
     CommonDialogService& commonDialog;
     PrinterService& printer;
+    WordProcessorService& wordProcessor;
 };
 
 } // namespace platform

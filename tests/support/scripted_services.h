@@ -2,6 +2,7 @@
 
 #include "platform/desktop/printer.h"
 #include "platform/services.h"
+#include "tests/support/recording_word.h"
 
 #include <QMarginsF>
 #include <QStringList>
@@ -144,5 +145,6 @@ struct ScriptedServices {
     ScriptedInstance instance;
     ScriptedCommonDialog commonDialog;
     ScriptedPrinter printer;
-    platform::Services services{messageBox, instance, commonDialog, printer};
+    RecordingWord wordProcessor;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor};
 };
