@@ -1,6 +1,7 @@
 #include "platform/rich_text/rich_text_box.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPointer>
 #include <QResizeEvent>
@@ -8,10 +9,12 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <QThread>
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
 
+#include "platform/desktop/background.h"
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box_edit.h"
 #include "platform/rich_text/rich_text_file.h"
@@ -279,8 +282,22 @@ bool RichTextBox::setTextRTF(const QByteArray& source) {
 
 // ---- files and printing
 
+// Reading a large file takes seconds, in which the windows are not to look dead.
+static std::unique_ptr<QTextDocument> ReadForThisThread(const QString& path) {
+    constexpr qint64 kNoticedBytes = 2 * 1024 * 1024;
+    if (QFileInfo(path).size() < kNoticedBytes)
+        return ReadDocumentFile(path);
+    QThread* const here = QThread::currentThread();
+    return RunInBackground([&] {
+        std::unique_ptr<QTextDocument> document = ReadDocumentFile(path);
+        if (document)
+            document->moveToThread(here);
+        return document;
+    });
+}
+
 bool RichTextBox::LoadFile(const QString& path) {
-    std::unique_ptr<QTextDocument> document = ReadDocumentFile(path);
+    std::unique_ptr<QTextDocument> document = ReadForThisThread(path);
     if (!document)
         return false;
     ReplaceDocument(std::move(document), true);

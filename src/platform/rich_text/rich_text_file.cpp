@@ -5,8 +5,11 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStorageInfo>
+#include <QTemporaryFile>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/rich_text/rich_text_plain.h"
 #include "platform/rich_text/rtf_reader.h"
@@ -17,6 +20,51 @@ namespace {
 // Word processors lay this beside a file that they have open.
 bool IsOpenElsewhere(const QFileInfo& file) {
     return QFileInfo::exists(file.dir().filePath(QStringLiteral(".~lock.%1#").arg(file.fileName())));
+}
+
+qsizetype LongestLine(const QByteArray& bytes) {
+    qsizetype longest = 0;
+    for (qsizetype start = 0; start < bytes.size();) {
+        const qsizetype end = bytes.indexOf('\n', start);
+        longest = std::max(longest, (end < 0 ? bytes.size() : end) - start);
+        start = end < 0 ? bytes.size() : end + 1;
+    }
+    return longest;
+}
+
+// Whether other folder entries lead to the same file, which a new file in its place would leave behind.
+bool HasOtherNames(const QFileInfo& file) {
+    struct stat facts = {};
+    return file.isFile() && ::stat(QFile::encodeName(file.filePath()).constData(), &facts) == 0 &&
+           facts.st_nlink > 1;
+}
+
+// What is written and on disk, or an error.
+QFileDevice::FileError WriteThrough(QFileDevice& file, const QByteArray& bytes) {
+    if (file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0)
+        return file.error() == QFileDevice::NoError ? QFileDevice::WriteError : file.error();
+    return QFileDevice::NoError;
+}
+
+// Writes into the file itself, once a copy beside it holds the new content safely; that copy goes only when
+// the file is whole.
+SaveError WriteInPlace(const QString& path, const QByteArray& source) {
+    QTemporaryFile copy(path + QStringLiteral(".XXXXXX"));
+    if (!copy.open())
+        return SaveErrorFor(copy.error(), path);
+    if (const auto error = WriteThrough(copy, source))
+        return SaveErrorFor(error, path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite))
+        return SaveErrorFor(file.error(), path);
+    const QByteArray old = file.readAll();
+    file.seek(0);
+    auto error = WriteThrough(file, source);
+    if (error == QFileDevice::NoError && file.resize(source.size()))
+        return SaveError::None;
+    file.seek(0);
+    copy.setAutoRemove(WriteThrough(file, old) == QFileDevice::NoError && file.resize(old.size()));
+    return SaveErrorFor(error == QFileDevice::NoError ? QFileDevice::WriteError : error, path);
 }
 
 } // namespace
@@ -42,7 +90,7 @@ std::unique_ptr<QTextDocument> ReadDocumentFile(const QString& path) {
         return nullptr;
     if (IsRtf(bytes))
         return ReadRtf(bytes);
-    if (bytes.size() > kMostTextBytes)
+    if (LongestLine(bytes) > kMostTextBytes)
         return nullptr;
     const std::optional<QString> text = DecodeText(bytes);
     return text ? PlainTextDocument(*text) : nullptr;
@@ -77,6 +125,8 @@ SaveError WriteFileWhole(const QString& path, const QByteArray& source) {
         return SaveError::PathOrFile; // a device or a pipe is not to be replaced by a file
     if (info.exists() && IsOpenElsewhere(info))
         return SaveError::AlreadyOpen;
+    if (HasOtherNames(info))
+        return WriteInPlace(path, source);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(source) != source.size() || !file.commit())
         return SaveErrorFor(file.error() == QFileDevice::NoError ? QFileDevice::WriteError : file.error(),

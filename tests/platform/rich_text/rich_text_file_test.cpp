@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,6 +23,20 @@ void Write(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(bytes), bytes.size());
+}
+
+bool Run(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
+// A file system of 64 KB in a folder made for it. False where the machine lets us have none.
+bool Mount(const QString& folder) {
+    return QDir().mkpath(folder) &&
+           Run(QStringLiteral("mount"), {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
+                                         QStringLiteral("size=64k"), QStringLiteral("tmpfs"), folder});
 }
 
 QByteArray Read(const QString& path) {
@@ -86,7 +102,7 @@ private Q_SLOTS:
         QTest::newRow("folder") << m_folder.path();
         QTest::newRow("no text") << Path("binary");
         QTest::newRow("too large") << Path("large.rtf");
-        QTest::newRow("too large a text") << Path("large.txt");
+        QTest::newRow("too long a line") << Path("large.txt");
         QTest::newRow("no name") << QString();
         QTest::newRow("device") << QStringLiteral("/dev/zero");
     }
@@ -125,6 +141,61 @@ private Q_SLOTS:
         box.setText(QStringLiteral("a"));
         QCOMPARE(box.SaveFile(folder.filePath(QStringLiteral("a.rtf"))), 0);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+
+    void ALargeFileIsReadWhileTheWindowsLive() {
+        QByteArray source("{\\rtf1\\trowd\\cellx4000 in a table\\cell\\row\\pard ");
+        for (int i = 0; i < 100'000; ++i)
+            source.append("a paragraph of some words\\par\n");
+        Write(Path("long.rtf"), source.append("the end}"));
+        RichTextBox box;
+        int ticks = 0;
+        QTimer timer;
+        connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+        timer.start(1);
+        QVERIFY(box.LoadFile(Path("long.rtf")));
+        QVERIFY(ticks > 0);
+        QVERIFY(box.Text().trimmed().startsWith(QStringLiteral("in a table")));
+        QVERIFY(box.Text().endsWith(QStringLiteral("the end")));
+        QCOMPARE(box.document()->thread(), QThread::currentThread());
+        box.setSelStart(0);
+        box.setSelText(QStringLiteral("still editable "));
+        QVERIFY(box.Text().startsWith(QStringLiteral("still editable ")));
+    }
+
+    void ALinkStaysALink() {
+        Write(Path("target.rtf"), "old");
+        QVERIFY(QFile::link(Path("target.rtf"), Path("link.rtf")));
+        RichTextBox box;
+        box.setText(QStringLiteral("new"));
+        QCOMPARE(box.SaveFile(Path("link.rtf")), 0);
+        QVERIFY(QFileInfo(Path("link.rtf")).isSymLink());
+        QCOMPARE(Read(Path("target.rtf")), box.TextRTF().toLatin1());
+    }
+
+    void AFileOfTwoNamesKeepsBoth() {
+        Write(Path("one.rtf"), QByteArray(100'000, 'x'));
+        QVERIFY(::link(QFile::encodeName(Path("one.rtf")).constData(),
+                       QFile::encodeName(Path("two.rtf")).constData()) == 0);
+        const QStringList before = QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden);
+        RichTextBox box;
+        box.setText(QStringLiteral("new"));
+        QCOMPARE(box.SaveFile(Path("one.rtf")), 0);
+        QCOMPARE(Read(Path("one.rtf")), box.TextRTF().toLatin1());
+        QCOMPARE(Read(Path("two.rtf")), box.TextRTF().toLatin1());
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), before);
+    }
+
+    void PermissionsAreKept() {
+        const QFileDevice::Permissions permissions =
+            QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup;
+        Write(Path("group.rtf"), "old");
+        QVERIFY(QFile::setPermissions(Path("group.rtf"), permissions));
+        RichTextBox box;
+        box.setText(QStringLiteral("new"));
+        QCOMPARE(box.SaveFile(Path("group.rtf")), 0);
+        const QFileDevice::Permissions users = QFileDevice::ReadUser | QFileDevice::WriteUser;
+        QCOMPARE(QFile::permissions(Path("group.rtf")) & ~users, permissions);
     }
 
     void SaveErrorsAreNumbered_data() {
@@ -176,16 +247,7 @@ private Q_SLOTS:
     // A file system of 64 KB of its own, where the machine lets us have one.
     void AFullDiskIsToldAndLeavesTheOldFile() {
         const QString disk = Path("disk");
-        QVERIFY(QDir().mkpath(disk));
-        const auto run = [](const QString& program, const QStringList& arguments) {
-            QProcess process;
-            process.start(program, arguments);
-            return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
-                   process.exitCode() == 0;
-        };
-        if (!run(QStringLiteral("mount"),
-                 {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
-                  QStringLiteral("size=64k"), QStringLiteral("tmpfs"), disk}))
+        if (!Mount(disk))
             QSKIP("no file system can be mounted here");
         const QString path = disk + QStringLiteral("/a.rtf");
         RichTextBox box;
@@ -196,11 +258,34 @@ private Q_SLOTS:
         const int large = box.SaveFile(path);
         const QByteArray after = Read(path);
         const auto files = QDir(disk).entryList(QDir::Files | QDir::Hidden);
-        QVERIFY(run(QStringLiteral("umount"), {disk}));
+        QVERIFY(Run(QStringLiteral("umount"), {disk}));
         QCOMPARE(small, 0);
         QCOMPARE(large, 61);
         QCOMPARE(after, before);
         QCOMPARE(files, QStringList(QStringLiteral("a.rtf")));
+    }
+
+    void AReadOnlyDiskIsToldAndLeavesTheOldFile() {
+        const QString disk = Path("locked");
+        if (!Mount(disk))
+            QSKIP("no file system can be mounted here");
+        const QString path = disk + QStringLiteral("/a.rtf");
+        RichTextBox box;
+        box.setText(QStringLiteral("first"));
+        const int first = box.SaveFile(path);
+        const QByteArray before = Read(path);
+        const bool locked =
+            Run(QStringLiteral("mount"), {QStringLiteral("-o"), QStringLiteral("remount,ro"), disk});
+        box.setText(QStringLiteral("second"));
+        const int second = box.SaveFile(path);
+        const int fresh = box.SaveFile(disk + QStringLiteral("/b.rtf"));
+        const QByteArray after = Read(path);
+        QVERIFY(Run(QStringLiteral("umount"), {disk}));
+        QVERIFY(locked);
+        QCOMPARE(first, 0);
+        QCOMPARE(second, 75);
+        QCOMPARE(fresh, 75);
+        QCOMPARE(after, before);
     }
 
     void EachKindOfErrorHasItsNumber_data() {
