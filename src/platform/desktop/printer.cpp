@@ -14,10 +14,22 @@ namespace platform {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
+constexpr double kTwipsPerInch = 1440;
 
-QSize InTwips(const QRectF& inches) {
-    return {qRound(inches.width() * kTwipsPerInch), qRound(inches.height() * kTwipsPerInch)};
+// Exactly as the paper is defined: in the other units Qt rounds the lengths of a page.
+QSize PaperInTwips(const QPageLayout& layout) {
+    const QPageSize& paper = layout.pageSize();
+    double twips = kTwipsPerInch;
+    QSizeF size = paper.size(QPageSize::Inch);
+    if (paper.definitionUnits() == QPageSize::Millimeter) {
+        twips = kTwipsPerInch / 25.4;
+        size = paper.definitionSize();
+    } else if (paper.definitionUnits() == QPageSize::Point) {
+        twips = kTwipsPerInch / 72;
+        size = paper.definitionSize();
+    }
+    const QSize portrait(qRound(size.width() * twips), qRound(size.height() * twips));
+    return layout.orientation() == QPageLayout::Landscape ? portrait.transposed() : portrait;
 }
 
 } // namespace
@@ -52,9 +64,13 @@ PrinterPage Printer::Page() const {
     if (!m_device)
         return {};
     const QPageLayout layout = m_device->pageLayout();
-    const int dots = m_device->logicalDpiX();
-    return {InTwips(layout.fullRect(QPageLayout::Inch)), InTwips(layout.paintRect(QPageLayout::Inch)),
-            layout.paintRectPixels(dots).topLeft(), QPoint(dots, m_device->logicalDpiY())};
+    const QPoint dots(m_device->logicalDpiX(), m_device->logicalDpiY());
+    const QRect reached = layout.paintRectPixels(dots.x());
+    return {PaperInTwips(layout),
+            {qRound(reached.width() * kTwipsPerInch / dots.x()),
+             qRound(reached.height() * kTwipsPerInch / dots.x())},
+            reached.topLeft(),
+            dots};
 }
 
 bool Printer::NewPage() {
