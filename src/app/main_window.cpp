@@ -21,6 +21,7 @@
 #include "output/file_commands.h"
 #include "output/paper_commands.h"
 #include "output/print_commands.h"
+#include "output/word_commands.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/focus.h"
 #include "platform/controls/frame.h"
@@ -203,6 +204,12 @@ void frmMain::BuildCommands() {
     paperCommands = new PaperCommands(*this, m_windows, this);
     fileCommands = new FileCommands(*myFormsPage, *this, m_state, m_windows, m_services, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
+    wordCommands = new WordCommands(*leftToolbar->btnEditMSWord, *leftToolbar->btnPrint, *this, m_state,
+                                    *paperCommands, m_variables, m_services, fileCommands->CommonDialog1(),
+                                    this);
+    printCommands->SetPrintRoute([this] { return wordCommands->PrintPane(); });
+    printCommands->SetPreviewRoute([this] { return wordCommands->PreviewPane(); });
+    fileCommands->SetWordSaving([this] { wordCommands->SaveAsMSDoc(); });
     searchCommands = new SearchCommands(*searchPage, *this, m_state, m_store, this);
     clauseCommands = new ClauseCommands(*this, m_store, m_variables, m_windows, this);
     m_windows.Offer(QStringLiteral("frmJurat"),

@@ -35,6 +35,7 @@ class PrintCommands;
 class SearchCommands;
 class SearchPage;
 class UndoCommands;
+class WordCommands;
 
 // The one window in which all work happens: the place where the pages and commands meet. It holds the tab
 // change, the resize rules and the exit sequence.
@@ -88,6 +89,7 @@ public:
     FileCommands* fileCommands;
     PrintCommands* printCommands;
     SearchCommands* searchCommands;
+    WordCommands* wordCommands;
     QFrame* Line1;
     QTimer* Timer4; // never runs
 

@@ -34,6 +34,9 @@ public:
         m_closeWord = std::move(close);
     }
 
+    // The one file dialog of all commands: it keeps its last file name between them.
+    platform::FileChoice& CommonDialog1() { return m_dialog; }
+
     // mnuSave: the dialog that asks where a form shall go.
     void ShowSaveDialog();
 
@@ -59,7 +62,7 @@ private:
     WindowState& m_state;
     WindowList& m_windows;
     platform::Services& m_services;
-    platform::FileChoice m_dialog; // keeps its last file name between commands
+    platform::FileChoice m_dialog;
     std::function<void()> m_saveByWord;
     std::function<void(const QString&)> m_openByWord;
     std::function<void()> m_closeWord;
