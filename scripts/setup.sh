@@ -20,6 +20,8 @@ build|qt6-svg-dev libqt6svg6-dev|pc:Qt6Svg|draws the icons at every scale
 build|qt6-qpa-plugins|none|the toolkit's platform plug-ins, without a display too
 build|libsqlcipher-dev|lib:sqlcipher|the encrypted database engine of the library file
 build|libssl-dev|pc:libcrypto|the ciphers of the database engine
+build|libhunspell-dev|pc:hunspell|reads the dictionary that the forms are spelt by
+build|hunspell-en-us|none|that dictionary: American English
 build|libgl-dev|pc:gl|the toolkit's headers ask for it
 build|fonts-liberation2 fonts-liberation|font:Liberation Serif|the letter shapes of the forms
 wayland|qt6-wayland|none|windows on a desktop that has no X server

@@ -54,7 +54,8 @@ case " $* " in *" install "*) printf '%s\n' "$@" >> "$HERE/installed" ;; esac)")
     QVERIFY(installed.open(QIODevice::WriteOnly));
     installed.write(
         "g++\ncmake\nninja-build\nccache\npkg-config\nqt6-base-dev\nqt6-svg-dev\nqt6-qpa-plugins\n"
-        "libsqlcipher-dev\nlibssl-dev\nlibgl-dev\nfonts-liberation2\nxvfb\n");
+        "libsqlcipher-dev\nlibssl-dev\nlibhunspell-dev\nhunspell-en-us\nlibgl-dev\nfonts-"
+        "liberation2\nxvfb\n");
 }
 
 QString SetupTest::Path(const char* name) const {

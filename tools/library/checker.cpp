@@ -103,7 +103,7 @@ private:
                 text->chop(1);
             if (text->trimmed().isEmpty())
                 problems.push_back({1, QStringLiteral("empty clause")});
-            m_result.content.clauses.push_back({table, number, *text});
+            m_result.content.clauses.push_back({table, number, *text, file});
         }
         Report(file, problems);
     }

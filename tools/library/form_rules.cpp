@@ -35,11 +35,11 @@ void CheckMarker(const QString& text, bool isPlain, int line, SourceProblems& pr
         problems.push_back({line, QStringLiteral("write the marker as <p class=\"plain\">%1</p>").arg(text)});
 }
 
-void CheckListMarkers(const List& list, int line, SourceProblems& problems) {
+void CheckListMarkers(const List& list, SourceProblems& problems) {
     for (const ListItem& item : list.items) {
-        CheckMarker(PlainText(item.runs), false, line, problems);
+        CheckMarker(PlainText(item.runs), false, item.line, problems);
         for (const List& nested : item.nested)
-            CheckListMarkers(nested, line, problems);
+            CheckListMarkers(nested, problems);
     }
 }
 
@@ -61,7 +61,7 @@ void CheckForm(const FormSource& form, SourceProblems& problems) {
             CheckMarker(PlainText(paragraph->runs), paragraph->kind == ParagraphClass::Plain, block.line,
                         problems);
         else if (const auto* list = std::get_if<List>(&block.content))
-            CheckListMarkers(*list, block.line, problems);
+            CheckListMarkers(*list, problems);
         else
             for (const auto& row : std::get<Table>(block.content).rows)
                 for (const TableCell& cell : row)

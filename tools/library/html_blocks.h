@@ -64,6 +64,7 @@ struct List {
 struct ListItem {
     Runs runs;
     std::vector<List> nested; // none or one
+    int line = 1;
 };
 
 enum class CellAlignment { Left, Center, Right };

@@ -271,6 +271,7 @@ private:
 
     bool ReadListItem(ListItem& item, int level) {
         const int line = Line();
+        item.line = line;
         if (!AtEnd() && !TakesOnly(Here(), {}))
             return false;
         if (!Expect(HtmlToken::Kind::Open, QStringLiteral("li")) ||

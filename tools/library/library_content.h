@@ -13,7 +13,8 @@ struct LibraryForm {
 struct LibraryClause {
     QString table; // Jurat, Caption or Verification
     int number = 1;
-    QString text; // lines separated by '\n', none behind the last one
+    QString text;      // lines separated by '\n', none behind the last one
+    QString file = {}; // as it was found
 };
 
 // Forms are ordered by category, then sub-category, then title; clauses by table, then number.

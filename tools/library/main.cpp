@@ -1,6 +1,8 @@
 // quillbrook-library: makes, checks and lists a library.
 #include "library/checker.h"
 #include "library/library_builder.h"
+#include "library/library_list.h"
+#include "library/review.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -27,15 +29,16 @@ void PrintUsage() {
     Errors() << "usage: quillbrook-library build FORMS_DIR OUT_FILE   make the library file\n"
                 "       quillbrook-library check FORMS_DIR            report what is wrong in the sources\n"
                 "       quillbrook-library list FORMS_DIR             category, sub-category and title of "
-                "each form\n";
+                "each form\n"
+                "       quillbrook-library list --markdown FORMS_DIR  the same with counts, as a document\n";
 }
 
-bool PrintProblems(const CheckedLibrary& library) {
-    for (const quillbrook::LibraryProblem& problem : library.problems)
+bool PrintProblems(const std::vector<quillbrook::LibraryProblem>& problems) {
+    for (const quillbrook::LibraryProblem& problem : problems)
         Errors() << problem.Message() << '\n';
-    if (library.problems.empty())
+    if (problems.empty())
         return false;
-    Errors() << library.problems.size() << (library.problems.size() == 1 ? " problem\n" : " problems\n");
+    Errors() << problems.size() << (problems.size() == 1 ? " problem\n" : " problems\n");
     return true;
 }
 
@@ -54,8 +57,11 @@ QString Counts(const quillbrook::LibraryContent& content) {
 }
 
 ExitCode Check(const QString& folder) {
-    const CheckedLibrary library = quillbrook::CheckLibrary(folder);
-    if (PrintProblems(library))
+    CheckedLibrary library = quillbrook::CheckLibrary(folder);
+    if (library.problems.empty())
+        library.problems = quillbrook::ReviewLibrary(
+            library.content, quillbrook::SpellingDictionary(quillbrook::LegalWords()));
+    if (PrintProblems(library.problems))
         return ProblemsFound;
     Out() << Counts(library.content) << '\n';
     return Good;
@@ -67,12 +73,19 @@ ExitCode List(const QString& folder) {
         Out() << form.source.category << '\t' << form.source.subCategory << '\t' << form.source.title << '\n';
     Out() << Counts(library.content) << '\n';
     Out().flush();
-    return PrintProblems(library) ? ProblemsFound : Good;
+    return PrintProblems(library.problems) ? ProblemsFound : Good;
+}
+
+ExitCode ListAsMarkdown(const QString& folder) {
+    const CheckedLibrary library = quillbrook::CheckLibrary(folder);
+    Out() << quillbrook::MarkdownList(library.content);
+    Out().flush();
+    return PrintProblems(library.problems) ? ProblemsFound : Good;
 }
 
 ExitCode Build(const QString& folder, const QString& path) {
     const CheckedLibrary library = quillbrook::CheckLibrary(folder);
-    if (PrintProblems(library))
+    if (PrintProblems(library.problems))
         return ProblemsFound;
     QString reason;
     if (!quillbrook::BuildLibrary(library.content, path, reason)) {
@@ -96,6 +109,9 @@ int main(int argc, char** argv) {
         return Check(arguments[1]);
     if (arguments.size() == 2 && arguments[0] == QLatin1String("list"))
         return List(arguments[1]);
+    if (arguments.size() == 3 && arguments[0] == QLatin1String("list") &&
+        arguments[1] == QLatin1String("--markdown"))
+        return ListAsMarkdown(arguments[2]);
     PrintUsage();
     return WrongUsage;
 }
