@@ -17,18 +17,16 @@ static std::optional<QString> TextOf(const std::unique_ptr<platform::Recordset>&
     return value->toString();
 }
 
-// Reads a field of every row. Each step may fail by itself, as on a recordset without rows or without the
-// field; the next one runs.
+// Reads a field of every row, and leaves the recordset at its end. Rows whose field cannot be read or is
+// missing give nothing.
 static QStringList TextsOf(const std::unique_ptr<platform::Recordset>& rows, const QString& field) {
     QStringList texts;
     if (!rows)
         return texts;
-    rows->MoveFirst();
-    do {
-        if (const std::optional<QString> text = TextOf(rows, field))
-            texts.append(*text);
-        rows->MoveNext();
-    } while (!rows->AtEnd());
+    for (const QVariant& value : rows->ReadAll(field)) {
+        if (value.isValid())
+            texts.append(value.toString());
+    }
     return texts;
 }
 

@@ -79,6 +79,7 @@ bool WriteLibrary(const LibraryContent& content, const QString& path, QString& r
     }
     const bool written = database->BeginTrans() && AddForms(*database, content.forms, reason) &&
                          AddClauses(*database, content.clauses, reason) && AddTheme(*database) &&
+                         database->IndexText(QStringLiteral("Forms"), QStringLiteral("Content")) &&
                          database->CommitTrans();
     database->Close();
     if (!written && reason.isEmpty())

@@ -8,8 +8,9 @@ Q_LOGGING_CATEGORY(lcDatabase, "quillbrook.database", QtFatalMsg)
 
 namespace platform {
 
-Connection::Connection(Handle handle)
+Connection::Connection(Handle handle, bool exclusive)
     : m_handle(std::move(handle))
+    , m_exclusive(exclusive)
     , m_probe(m_handle.get(), "SELECT 1 FROM sqlite_master") {}
 
 Connection::~Connection() {
@@ -38,38 +39,6 @@ bool Connection::HasReadOnlyWholePages() {
     return whole;
 }
 
-std::optional<std::vector<RowId>> Connection::Select(const Selection& selection) {
-    if (!m_handle)
-        return std::nullopt;
-    SqliteStatement statement(m_handle.get(), selection.sql);
-    if (!statement)
-        return std::nullopt;
-    int parameter = 0;
-    for (const Operand& value : selection.values) {
-        ++parameter;
-        const bool bound = value.kind == Operand::Kind::Number ? statement.Bind(parameter, value.number)
-                                                               : statement.Bind(parameter, value.text);
-        if (!bound)
-            return std::nullopt;
-    }
-    const bool ownReading = sqlite3_get_autocommit(m_handle.get()) != 0;
-    if (ownReading && !RunSql(m_handle.get(), "BEGIN"))
-        return std::nullopt;
-    std::vector<RowId> rows;
-    int step = statement.Step();
-    for (; step == SQLITE_ROW; step = statement.Step())
-        rows.push_back(statement.Integer(0));
-    const bool whole = step == SQLITE_DONE && HasReadOnlyWholePages();
-    statement.Reset();
-    if (ownReading && sqlite3_get_autocommit(m_handle.get()) == 0)
-        RunSql(m_handle.get(), "ROLLBACK"); // nothing was written
-    if (!whole) {
-        qCWarning(lcDatabase) << "a query failed with code" << step;
-        return std::nullopt;
-    }
-    return rows;
-}
-
 bool Connection::HasRow(int table, RowId row) {
     if (!m_handle)
         return false;
@@ -82,9 +51,7 @@ bool Connection::HasRow(int table, RowId row) {
     return found;
 }
 
-std::optional<QVariant> Connection::ReadField(int table, int field, RowId row) {
-    if (!m_handle)
-        return std::nullopt;
+SqliteStatement& Connection::FieldReader(int table, int field) {
     OpenTable& open = At(table);
     SqliteStatement& reader = open.readers[static_cast<std::size_t>(field)];
     if (!reader) {
@@ -92,6 +59,13 @@ std::optional<QVariant> Connection::ReadField(int table, int field, RowId row) {
         reader = SqliteStatement(m_handle.get(), "SELECT " + open.info.QualifiedName(field) + " FROM " +
                                                      open.info.From(isLong) + " WHERE t._id = ?");
     }
+    return reader;
+}
+
+std::optional<QVariant> Connection::ReadField(int table, int field, RowId row) {
+    if (!m_handle)
+        return std::nullopt;
+    SqliteStatement& reader = FieldReader(table, field);
     std::optional<QVariant> value;
     if (reader && reader.Bind(1, row) && reader.Step() == SQLITE_ROW)
         value = reader.Value(0);
@@ -206,6 +180,13 @@ bool Connection::DeleteRow(int table, RowId row) {
         return WriteValues("DELETE FROM " + Table(table).MainName() + " WHERE _id = ?", {}, row) &&
                sqlite3_changes(m_handle.get()) == 1;
     });
+}
+
+bool Connection::IndexText(int table, int field) {
+    OpenTable& open = At(table);
+    open.textIndex.reset();
+    open.textIndexWasRead = false;
+    return Write([&] { return BuildTextIndex(m_handle.get(), open.info, field) && HasReadOnlyWholePages(); });
 }
 
 bool Connection::Begin() {

@@ -96,14 +96,15 @@ bool Connection::Configure(sqlite3* handle, bool exclusive) {
            RunSql(handle, "PRAGMA cache_size = -" + QByteArray::number(kPageCacheKilobytes));
 }
 
-std::shared_ptr<Connection> Connection::Wrap(Handle handle) {
+std::shared_ptr<Connection> Connection::Wrap(Handle handle, bool exclusive) {
     std::optional<std::vector<TableInfo>> tables = ReadCatalogue(handle.get());
     if (!tables)
         return nullptr;
-    std::shared_ptr<Connection> connection(new Connection(std::move(handle)));
+    std::shared_ptr<Connection> connection(new Connection(std::move(handle), exclusive));
     for (TableInfo& info : *tables) {
         const std::size_t fields = info.fields.size();
-        connection->m_tables.push_back({.info = std::move(info), .finder = {}, .readers = {}});
+        connection->m_tables.push_back(
+            {.info = std::move(info), .finder = {}, .readers = {}, .textIndex = {}});
         connection->m_tables.back().readers.resize(fields);
     }
     return connection;
@@ -122,7 +123,7 @@ std::shared_ptr<Connection> Connection::Open(const QString& path, bool exclusive
     // What a crash left and was not played back is an empty shell; with the lock held it is nobody's.
     if (exclusive && sqlite3_db_readonly(handle.get(), "main") == 0)
         QFile::remove(fullPath + QStringLiteral("-journal"));
-    return Wrap(std::move(handle));
+    return Wrap(std::move(handle), exclusive);
 }
 
 bool Connection::Fill(sqlite3* handle, FileFormat format, const std::vector<TableDef>& tables) {
@@ -146,7 +147,7 @@ std::shared_ptr<Connection> Connection::Create(const QString& path, const QStrin
     if (handle && RunSql(handle.get(), "PRAGMA locking_mode = EXCLUSIVE") &&
         RunSql(handle.get(), "PRAGMA synchronous = FULL") && Fill(handle.get(), format, tables) &&
         Configure(handle.get(), true))
-        connection = Wrap(std::move(handle));
+        connection = Wrap(std::move(handle), true);
     if (!connection) {
         handle.reset();
         QFile::remove(fullPath);

@@ -47,6 +47,16 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const QString& table) {
     return state ? std::unique_ptr<Recordset>(new Recordset(std::move(state))) : nullptr;
 }
 
+bool Database::IndexText(const QString& table, const QString& field) {
+    const int found = m_connection->FindTable(table);
+    if (found < 0)
+        return false;
+    const TableInfo& info = m_connection->Table(found);
+    const int column = info.IndexOf(field);
+    return column >= 0 && info.fields[static_cast<std::size_t>(column)].IsLong() &&
+           m_connection->IndexText(found, column);
+}
+
 bool Database::BeginTrans() {
     return m_connection->Begin();
 }

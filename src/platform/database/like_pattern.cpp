@@ -228,4 +228,35 @@ bool LikePattern::Matches(std::string_view text) const {
     return p != nullptr;
 }
 
+TextNeedle LikePattern::Needle() const {
+    TextNeedle needle;
+    const auto isCharacter = [](const Element& element) { return element.kind == Element::Kind::Character; };
+    const auto isRun = [&](const Element& element) {
+        return isCharacter(element) && element.character < 0x80 &&
+               IsRunByte(static_cast<char>(element.character));
+    };
+    for (const Segment& segment : m_segments) {
+        const auto& elements = segment.elements;
+        for (std::size_t i = 0; i < elements.size();) {
+            if (!isRun(elements[i])) {
+                ++i;
+                continue;
+            }
+            RunNeedle run{.text = {}, .begins = i > 0 && isCharacter(elements[i - 1])};
+            for (; i < elements.size() && isRun(elements[i]); ++i)
+                run.text.push_back(static_cast<char>(elements[i].character));
+            run.ends = i < elements.size() && isCharacter(elements[i]);
+            needle.runs.push_back(std::move(run));
+        }
+    }
+    const std::size_t segments = m_segments.size();
+    const bool isOpen =
+        segments > 1 && m_segments.front().elements.empty() && m_segments.back().elements.empty();
+    const bool isAny = segments == 2 && isOpen;
+    const bool isOneRun = segments == 3 && isOpen && needle.runs.size() == 1 &&
+                          needle.runs[0].text.size() == m_segments[1].elements.size();
+    needle.exact = isAny || isOneRun;
+    return needle;
+}
+
 } // namespace platform

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "platform/database/ascii_needle.h"
+#include "platform/database/text_needle.h"
 
 #include <cstdint>
 #include <optional>
@@ -29,6 +30,9 @@ public:
 
     // `text` is UTF-8; any bytes may come in. Time is linear in the text for a given pattern.
     bool Matches(std::string_view text) const;
+
+    // What an index over the texts' runs can say about the pattern.
+    TextNeedle Needle() const;
 
 private:
     struct Range {

@@ -13,7 +13,7 @@ std::unique_ptr<Recordset::State> Recordset::State::Run(const std::shared_ptr<Co
     const std::optional<Selection> selection = BuildSelection(connection->Table(table), statement);
     if (!selection)
         return nullptr;
-    std::optional<std::vector<RowId>> rows = connection->Select(*selection);
+    std::optional<std::vector<RowId>> rows = connection->Select(table, statement, *selection);
     if (!rows)
         return nullptr;
     auto state = std::make_unique<State>();
@@ -81,6 +81,24 @@ std::optional<QVariant> Recordset::Field(const QString& name) const {
     if (field < 0 || m_state->place != State::Place::OnRow)
         return std::nullopt;
     return m_state->connection->ReadField(m_state->table, field, m_state->rows[m_state->position]);
+}
+
+std::vector<QVariant> Recordset::ReadAll(const QString& name) {
+    std::vector<QVariant> all;
+    if (!m_state->IsOpen())
+        return all;
+    m_state->MoveTo(m_state->rows.size());
+    const int field = m_state->IndexOf(name);
+    if (field < 0)
+        return all;
+    const auto values = m_state->connection->ReadFields(m_state->table, field, m_state->rows);
+    for (std::size_t i = 0; i < m_state->rows.size(); ++i) {
+        std::optional<QVariant> value =
+            values ? (*values)[i] : m_state->connection->ReadField(m_state->table, field, m_state->rows[i]);
+        if (value)
+            all.push_back(std::move(*value));
+    }
+    return all;
 }
 
 bool Recordset::Edit() {

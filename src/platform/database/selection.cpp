@@ -132,8 +132,10 @@ std::optional<Selection> Builder::Build(const SelectStatement& statement) {
     if (statement.where && !Append(*statement.where))
         return std::nullopt;
     m_selection.sql = "SELECT t._id FROM " + m_table.From(m_usesLongTexts);
-    if (statement.where)
+    if (statement.where) {
+        m_selection.rowSql = m_selection.sql + " WHERE (" + m_where + ") AND t._id = ?";
         m_selection.sql += " WHERE " + m_where;
+    }
     m_selection.sql += " ORDER BY t._id";
     return std::move(m_selection);
 }

@@ -9,6 +9,7 @@ namespace platform {
 struct Selection {
     std::vector<int> fields;     // of the table, in the order asked for
     QByteArray sql;              // gives the ids of the rows in file order
+    QByteArray rowSql;           // the same for one row, whose id is bound last; empty without a condition
     std::vector<Operand> values; // texts and numbers, to be bound in this order
 };
 

@@ -35,6 +35,11 @@ bool SqliteStatement::Bind(int parameter, const QVariant& value) {
     return Bind(parameter, value.toLongLong());
 }
 
+bool SqliteStatement::Bind(int parameter, const QByteArray& bytes) {
+    return sqlite3_bind_blob64(m_statement.get(), parameter, bytes.constData(),
+                               static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT) == SQLITE_OK;
+}
+
 int SqliteStatement::Step() {
     return sqlite3_step(m_statement.get());
 }
@@ -46,6 +51,18 @@ qint64 SqliteStatement::Integer(int column) const {
 QString SqliteStatement::Text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
     return QString::fromUtf8(text, sqlite3_column_bytes(m_statement.get(), column));
+}
+
+QByteArray SqliteStatement::Bytes(int column) const {
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(m_statement.get(), column));
+    return {bytes, sqlite3_column_bytes(m_statement.get(), column)};
+}
+
+std::optional<std::string_view> SqliteStatement::View(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement.get(), column));
+    if (text == nullptr)
+        return std::nullopt;
+    return std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column)));
 }
 
 QVariant SqliteStatement::Value(int column) const {
@@ -67,6 +84,10 @@ void SqliteStatement::Reset() {
         return;
     sqlite3_reset(m_statement.get());
     sqlite3_clear_bindings(m_statement.get());
+}
+
+void SqliteStatement::Restart() {
+    sqlite3_reset(m_statement.get());
 }
 
 bool RunSql(sqlite3* handle, const QByteArray& sql) {

@@ -5,7 +5,9 @@
 #include <QString>
 #include <QVariant>
 #include <memory>
+#include <optional>
 #include <sqlcipher/sqlite3.h>
+#include <string_view>
 
 namespace platform {
 
@@ -22,6 +24,7 @@ public:
     bool Bind(int parameter, double value);
     bool Bind(int parameter, const QString& value);
     bool Bind(int parameter, const QVariant& value);
+    bool Bind(int parameter, const QByteArray& bytes);
 
     // SQLITE_ROW, SQLITE_DONE or the error.
     int Step();
@@ -31,9 +34,13 @@ public:
     QVariant Value(int column) const;
     qint64 Integer(int column) const;
     QString Text(int column) const;
+    QByteArray Bytes(int column) const;
+    // The text as UTF-8 until the next step; empty for a missing value.
+    std::optional<std::string_view> View(int column) const;
 
-    // Ends the reading; the bound values are dropped.
+    // Ends the reading; the bound values are dropped, or stay.
     void Reset();
+    void Restart();
 
 private:
     struct Finalize {

@@ -395,6 +395,41 @@ private Q_SLOTS:
         QVERIFY(!m_database->CreateQueryDef(u"stored"_qs));
         QVERIFY(!m_database->CreateQueryDef()->OpenRecordset()); // without a statement
     }
+
+    void ReadAllGivesWhatReadingRowByRowGives_data() {
+        QTest::addColumn<QString>("statement");
+        QTest::newRow("all") << QStringLiteral("SELECT * FROM Forms");
+        QTest::newRow("few") << QStringLiteral("SELECT Title FROM Forms WHERE Title LIKE '*99*'");
+        QTest::newRow("none") << QStringLiteral("SELECT * FROM Forms WHERE Title = 'nothing'");
+        QTest::newRow("field left out") << QStringLiteral("SELECT Category FROM Forms");
+    }
+    void ReadAllGivesWhatReadingRowByRowGives() {
+        QFETCH(QString, statement);
+        const TemporaryLibrary library;
+        const auto database = library.Create();
+        QVERIFY(database->BeginTrans());
+        const auto forms = database->OpenRecordset(QStringLiteral("Forms"));
+        for (int i = 0; i < 300; ++i)
+            QVERIFY(Add(*forms, {QStringLiteral("T%1").arg(i), QStringLiteral("c"), QStringLiteral("s"),
+                                 QStringLiteral("text %1").arg(i)}));
+        QVERIFY(database->CommitTrans());
+        const auto rows = Run(*database, statement);
+        const auto gone = Run(*database, QStringLiteral("SELECT * FROM Forms WHERE Title LIKE 'T?99'"));
+        QVERIFY(gone->Delete());
+        for (const QString& field : {QStringLiteral("Title"), QStringLiteral("Content"),
+                                     QStringLiteral("Favorites"), QStringLiteral("Nothing")}) {
+            std::vector<QVariant> oneByOne;
+            for (bool there = rows->MoveFirst(); there; there = rows->MoveNext()) {
+                if (const std::optional<QVariant> value = rows->Field(field))
+                    oneByOne.push_back(*value);
+            }
+            rows->MoveFirst();
+            QVERIFY(rows->ReadAll(field) == oneByOne);
+            QVERIFY(rows->AtEnd());
+        }
+        database->Close();
+        QVERIFY(rows->ReadAll(QStringLiteral("Title")).empty());
+    }
 };
 
 QTEST_GUILESS_MAIN(RecordsetTest)

@@ -1,7 +1,7 @@
 #include "library/html_subset.h"
 #include "library/library_builder.h"
 #include "library/library_format.h"
-#include "platform/database/database.h"
+#include "platform/database/connection.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -81,6 +81,23 @@ private Q_SLOTS:
         QCOMPARE(Fields(*database, u"Caption"_qs, u"CaptionNo"_qs), QStringList(u"2"_qs));
         QCOMPARE(Fields(*database, u"Verification"_qs, u"VerificationNo"_qs), QStringList(u"6"_qs));
         QCOMPARE(Fields(*database, u"Theme"_qs, u"Theme"_qs), QStringList(u"1"_qs));
+    }
+
+    void TheBuiltFileIsIndexed() {
+        QString reason;
+        QVERIFY2(BuildLibrary(Content(), m_path, reason), qPrintable(reason));
+        const auto connection =
+            platform::Connection::Open(m_path, true, true, BuildLibraryPassword(), LibraryFileFormat());
+        QVERIFY(connection);
+        const auto statement =
+            platform::ParseStatement(u"SELECT * FROM Forms WHERE Content LIKE '*heading*'"_qs);
+        const int table = connection->FindTable(u"Forms"_qs);
+        const auto selection = platform::BuildSelection(connection->Table(table), *statement);
+        const auto rows = connection->Select(table, *statement, *selection);
+        QVERIFY(rows);
+        QCOMPARE(rows->size(), std::size_t{1});
+        QVERIFY(connection->LastEffort().byIndex);
+        QCOMPARE(connection->LastEffort().looked, std::size_t{0});
     }
 
     void FormsAreRichText() {
