@@ -61,6 +61,17 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton#OKButton { background: %3; border-color: %3; color: white; }
         platform--MyButton#OKButton:hover { background: %10; border-color: %10; }
         platform--MyButton#OKButton:focus { border-color: %6; }
+        QDialog QPushButton {
+            background: %7; border: 1px solid %2; border-radius: 4px; padding: 4px 14px; min-width: 60px;
+            color: %6;
+        }
+        QDialog QPushButton:hover { background: %4; }
+        QDialog QPushButton:focus { border-color: %3; }
+        QDialog QPushButton:pressed { background: %2; }
+        QDialog QPushButton:disabled { color: %5; }
+        QDialog QPushButton:default { background: %3; border-color: %3; color: white; }
+        QDialog QPushButton:default:hover { background: %10; border-color: %10; }
+        QDialog QPushButton:default:focus { border-color: %6; }
         platform--ListBox {
             background: %7; border: 1px solid %2; border-radius: 4px; outline: none; padding: 2px; color: %6;
         }
