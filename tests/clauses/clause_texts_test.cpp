@@ -178,11 +178,14 @@ private Q_SLOTS:
         }
     }
 
-    // The form below it begins a paragraph of its own.
-    void ACaptionEndsWithAnEmptyLine() {
-        for (const ClauseEntry& entry : kClauseEntries)
-            if (entry.routine == ClauseRoutine::InsertCaption)
-                QVERIFY2(TextOf(entry.routine, entry.number).endsWith(u"x\n\n"), entry.name);
+    // What is added to the end of a form begins a paragraph of its own; so does the form below a caption.
+    void AnEmptyLinePartsAClauseFromTheForm() {
+        for (const ClauseEntry& entry : kClauseEntries) {
+            const QString text = TextOf(entry.routine, entry.number);
+            const bool isCaption = entry.routine == ClauseRoutine::InsertCaption;
+            QVERIFY2(isCaption ? text.endsWith(u"x\n\n") : text.startsWith(u'\n'), entry.name);
+            QVERIFY2(isCaption || !text.endsWith(u"\n\n"), entry.name);
+        }
     }
 };
 

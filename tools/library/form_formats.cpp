@@ -1,5 +1,6 @@
 #include "library/form_formats.h"
 
+#include "library/clause_kinds.h"
 #include "platform/rich_text/document_model.h"
 
 #include <QRegularExpression>
@@ -15,6 +16,13 @@ constexpr int kSignatureIndent = 4'680; // twips: 3.25 inches
 // A forced break in a justified paragraph would stretch the line before it in word processors.
 Qt::Alignment Justified(const Runs& runs) {
     return PlainText(runs).contains(QChar::LineSeparator) ? Qt::AlignLeft : Qt::AlignJustify;
+}
+
+// Whether clauses are added in place of the paragraph or, a lone blank at a form's top, in front of it. Each
+// of their lines becomes a paragraph of this one's format, so it has no space below.
+bool TakesClauses(const Runs& runs) {
+    const QString text = PlainText(runs);
+    return text == QChar(QChar::Nbsp) || std::find(kMarkers.begin(), kMarkers.end(), text) != kMarkers.end();
 }
 
 void SetHanging(QTextBlockFormat& format, int left) {
@@ -103,6 +111,8 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
         break;
     case ParagraphClass::Plain:
         format.setAlignment(Justified(paragraph.runs));
+        if (TakesClauses(paragraph.runs))
+            SetSpace(format, 0, 0);
         break;
     case ParagraphClass::Center:
         format.setAlignment(Qt::AlignHCenter);
