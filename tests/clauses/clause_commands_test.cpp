@@ -300,48 +300,6 @@ private Q_SLOTS:
         }
     }
 
-    // ---- the format
-
-    void TheClauseTakesOnTheFormatOfItsPlace_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("clause");
-        QTest::addColumn<QString>("marked"); // what has the format that the clause takes on
-        QTest::newRow("in place") << u"mnuJuratIndividual"_qs << kJurat1 << u"(JURAT)"_qs;
-        QTest::newRow("at the end") << u"mnuAddVerificationIndividual"_qs << kVerification1 << u"last"_qs;
-        QTest::newRow("on top") << u"mnuCaptionSC"_qs << kCaption1 << u"first"_qs;
-    }
-    void TheClauseTakesOnTheFormatOfItsPlace() {
-        QFETCH(QString, name);
-        QFETCH(QString, clause);
-        QFETCH(QString, marked);
-        ClauseWindow& window = *m_window;
-        RichTextBox* pane = window->txtContent();
-        const QString text = u"first\nbetween\n(JURAT)\nbetween\nlast"_qs;
-        pane->setText(text);
-        pane->setSelStart(int(text.indexOf(marked)));
-        pane->setSelLength(int(marked.size()));
-        pane->setSelBold(true);
-        pane->setSelFontSize(17);
-        pane->setSelColor(Qt::blue);
-        const int paragraphs = pane->document()->blockCount();
-        window->Menu(name)->trigger();
-
-        QCOMPARE(pane->document()->blockCount(), paragraphs + 1); // a clause of two lines
-        pane->setSelStart(int(pane->Text().indexOf(clause)));
-        pane->setSelLength(int(clause.size()));
-        QCOMPARE(pane->SelText(), clause);
-        QCOMPARE(pane->SelBold(), std::optional(true));
-        QCOMPARE(pane->SelFontSize(), std::optional(17.0));
-        QCOMPARE(pane->SelColor(), std::optional(QColor(Qt::blue)));
-        for (qsizetype at = pane->Text().indexOf(u"between"); at >= 0;
-             at = pane->Text().indexOf(u"between", at + 1)) {
-            pane->setSelStart(int(at));
-            pane->setSelLength(7);
-            QCOMPARE(pane->SelBold(), std::optional(false));
-            QVERIFY(pane->SelFontSize() != std::optional(17.0));
-        }
-    }
-
     // ---- undo
 
     void AnInsertionIsOneStepOfUndo_data() {

@@ -1,5 +1,6 @@
 #include "clauses/clause_entries.h"
 
+#include "app/menu_table.h"
 #include "tools/library/clause_kinds.h"
 
 #include <QFile>
@@ -27,6 +28,71 @@ private Q_SLOTS:
             QCOMPARE(Text(row.keyField), Text(row.table) + u"No"_qs);
             QCOMPARE(Text(row.variable), Text(row.table) + u"Number"_qs);
         }
+    }
+
+    void EachEntryStandsInItsMenuAndHasItsClause_data() {
+        QTest::addColumn<QString>("path"); // the menus from the bar to the entry
+        QTest::addColumn<int>("routine");
+        QTest::addColumn<QString>("number");
+        QTest::addColumn<QString>("marker");
+        const auto row = [](const char* name, const char* menus, const char* caption, ClauseRoutine routine,
+                            const char* number, const char* marker) {
+            QTest::newRow(name) << u"&Add to Form/%1/%2"_qs.arg(Text(menus), Text(caption)) << int(routine)
+                                << Text(number) << Text(marker);
+        };
+        row("mnuJuratIndividual", "Jurat", "For Individual Affiant", ClauseRoutine::InsertJurat, "1",
+            "(JURAT)");
+        row("mnuJuratJoints", "Jurat", "For Joint Affiants", ClauseRoutine::InsertJurat, "2", "(JURAT)");
+        row("mnuJuratMultiple", "Jurat", "For Multiple Affiants", ClauseRoutine::InsertJurat, "3", "(JURAT)");
+        row("mnuAckIndividual1Party", "Acknowledgment", "For an Individual - 1-Party Instrument",
+            ClauseRoutine::InsertJurat, "4", "(ACKNOWLEDGMENT)");
+        row("mnuAckIndividuals2Party", "Acknowledgment", "For Individuals - 2-Party Instrument",
+            ClauseRoutine::InsertJurat, "5", "(ACKNOWLEDGMENT)");
+        row("mnuAckIndividualsMultiParty", "Acknowledgment", "For Individuals - Multi-Party Instrument",
+            ClauseRoutine::InsertJurat, "6", "(ACKNOWLEDGMENT)");
+        row("mnuAckCorporation", "Acknowledgment", "For and in behalf of a Corporation",
+            ClauseRoutine::InsertJurat, "7", "(ACKNOWLEDGMENT)");
+        row("mnuAckMixed", "Acknowledgment", "For Mixed Individual and Corporation",
+            ClauseRoutine::InsertJurat, "8", "(ACKNOWLEDGMENT)");
+        row("mnuCaptionSC", "Caption for Pleadings", "Supreme Court", ClauseRoutine::InsertCaption, "1", "");
+        row("mnuCaptionCA", "Caption for Pleadings", "Court of Appeals", ClauseRoutine::InsertCaption, "2",
+            "");
+        row("mnuCaptionRTCCivil", "Caption for Pleadings/Regional Trial Court", "Civil Case",
+            ClauseRoutine::InsertCaption, "3", "");
+        row("mnuCaptionRTCCrim", "Caption for Pleadings/Regional Trial Court", "Criminal Case",
+            ClauseRoutine::InsertCaption, "4", "");
+        row("mnuCaptionMTCCivil", "Caption for Pleadings/Municipal Trial Court", "Civil Case",
+            ClauseRoutine::InsertCaption, "5", "");
+        row("mnuCaptionMTCCrim", "Caption for Pleadings/Municipal Trial Court", "Criminal Case",
+            ClauseRoutine::InsertCaption, "6", "");
+        row("mnuCaptionMTCCCivil", "Caption for Pleadings/Municipal Trial Court in Cities", "Civil Case",
+            ClauseRoutine::InsertCaption, "7", "");
+        row("mnuCaptionMTCCCrim", "Caption for Pleadings/Municipal Trial Court in Cities", "Criminal Case",
+            ClauseRoutine::InsertCaption, "8", "");
+        row("mnuAddVerificationIndividual", "Verification for Pleadings", "Verification by an Individual",
+            ClauseRoutine::InsertVerification, "1", "(VERIFICATION)");
+        row("mnuVerificationCorporation", "Verification for Pleadings", "Verification for Corporation",
+            ClauseRoutine::InsertVerification, "2", "(VERIFICATION)");
+        row("mnuVerificationCertification", "Verification for Pleadings", "Verification with Certification",
+            ClauseRoutine::InsertVerification, "3", "(VERIFICATION)");
+        row("mnuCertification", "Verification for Pleadings", "Certification of Non-Forum Shopping",
+            ClauseRoutine::InsertVerification, "4", "(CERTIFICATION OF NON-FORUM SHOPPING)");
+        row("mnuNoticeHearing", "Verification for Pleadings", "Notice of Hearing for Motions",
+            ClauseRoutine::InsertVerification, "5", "(NOTICE OF HEARING)");
+        row("mnuExplanation", "Verification for Pleadings", "Explanation for Non-Personal Service",
+            ClauseRoutine::InsertVerification, "6", "(EXPLANATION)");
+    }
+    void EachEntryStandsInItsMenuAndHasItsClause() {
+        QFETCH(QString, path);
+        const ClauseEntry* entry = FindClauseEntry(QTest::currentDataTag());
+        QVERIFY(entry);
+        QTEST(int(entry->routine), "routine");
+        QTEST(Text(entry->number), "number");
+        QTEST(Text(entry->marker), "marker");
+        QStringList captions;
+        for (const MenuRow* row = FindMenuRow(entry->name); row; row = FindMenuRow(row->parent))
+            captions.prepend(Text(row->caption));
+        QCOMPARE(captions.join(u'/'), path);
     }
 
     void NamesAreUnique() {

@@ -240,6 +240,26 @@ private Q_SLOTS:
         QCOMPARE(table->cellAt(0, 0).lastCursorPosition().block().text(), u"_______\u2028Witness"_qs);
     }
 
+    // Each line of a clause becomes a paragraph of the format of its place.
+    void APlaceOfAClauseHasNoSpaceBelow_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("isPlace");
+        QTest::newRow("a marker") << u"(VERIFICATION)"_qs << true;
+        QTest::newRow("the longest marker") << u"(CERTIFICATION OF NON-FORUM SHOPPING)"_qs << true;
+        QTest::newRow("the top of a pleading") << u"&nbsp;"_qs << true;
+        QTest::newRow("a marker in a sentence") << u"Here stands (VERIFICATION)."_qs << false;
+        QTest::newRow("a text") << u"Plaintiff states:"_qs << false;
+    }
+    void APlaceOfAClauseHasNoSpaceBelow() {
+        QFETCH(QString, text);
+        QFETCH(bool, isPlace);
+        const auto document = Made(u"<p class=\"plain\">%1</p><p>b</p>"_qs.arg(text));
+        QCOMPARE(document->blockCount(), 2);
+        const QTextBlockFormat format = document->firstBlock().blockFormat();
+        QCOMPARE(format.topMargin(), 0.0);
+        QCOMPARE(format.bottomMargin() == 0, isPlace);
+    }
+
     void BehindATableAtTheEndThereIsRoomToWrite() {
         const auto document = Made(u"<p>a</p><table><tr><td>b</td></tr></table>"_qs);
         QVERIFY(document->lastBlock().text().isEmpty());
