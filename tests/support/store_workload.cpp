@@ -120,7 +120,8 @@ StoreWrite RandomWrite(StoreWrite::Kind kind, const StoredForms& forms, std::mt1
     using Kind = StoreWrite::Kind;
     QStringList titles;
     for (const auto& [title, form] : forms) {
-        if (kind == Kind::Favorite || form.category == kOwn)
+        // a title with an apostrophe is found by no statement
+        if ((kind == Kind::Favorite && !title.contains(u'\'')) || form.category == kOwn)
             titles.append(title);
     }
     if (kind != Kind::Add && titles.isEmpty())

@@ -75,15 +75,25 @@ std::optional<QVariant> Connection::ReadField(int table, int field, RowId row) {
     return value;
 }
 
-// Runs `work` as one transaction, or within the one begun as a part that is undone alone.
-template <typename Work>
-bool Connection::Write(Work work) {
-    if (!m_handle || m_transaction == Transaction::Lost)
+// A file that was deleted, moved away or replaced under the open handle could still be written, and nobody
+// would find it again.
+bool Connection::IsInItsPlace() {
+    int moved = 0;
+    return sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+           moved == 0;
+}
+
+// Runs `work` as one transaction, or within the one begun as a part that is undone alone. `arrived` tells
+// whether the file shows what was to be written.
+template <typename Work, typename Arrived>
+bool Connection::Write(Work work, Arrived arrived) {
+    if (!m_handle || m_transaction == Transaction::Lost || !IsInItsPlace())
         return false;
     const bool part = m_transaction == Transaction::Begun;
     if (!RunSql(m_handle.get(), part ? "SAVEPOINT part" : "BEGIN IMMEDIATE"))
         return false;
-    if (work() && RunSql(m_handle.get(), part ? "RELEASE part" : "COMMIT"))
+    const bool worked = work();
+    if (worked && RunSql(m_handle.get(), part ? "RELEASE part" : "COMMIT"))
         return true;
     qCWarning(lcDatabase) << "a write failed with code" << sqlite3_extended_errcode(m_handle.get());
     if (part && sqlite3_get_autocommit(m_handle.get()) == 0)
@@ -92,7 +102,28 @@ bool Connection::Write(Work work) {
         RunSql(m_handle.get(), "ROLLBACK");
     if (part && sqlite3_get_autocommit(m_handle.get()) != 0)
         m_transaction = Transaction::Lost;
+    return worked && !part && arrived() && Settle();
+}
+
+// A disk that fails at the very end of a commit leaves in doubt whether it counts. One more commit, which
+// changes nothing, brings to the disk for good what the file shows.
+bool Connection::Settle() {
+    const qint64 version = ReadNumber(m_handle.get(), "PRAGMA user_version", -1);
+    if (version >= 0 && RunSql(m_handle.get(), "BEGIN IMMEDIATE") &&
+        RunSql(m_handle.get(), "PRAGMA user_version = " + QByteArray::number(version)) &&
+        RunSql(m_handle.get(), "COMMIT"))
+        return true;
+    if (sqlite3_get_autocommit(m_handle.get()) == 0)
+        RunSql(m_handle.get(), "ROLLBACK");
     return false;
+}
+
+bool Connection::Holds(int table, RowId row, const std::vector<FieldValue>& values) {
+    return HasRow(table, row) && std::all_of(values.begin(), values.end(), [&](const FieldValue& value) {
+               const std::optional<QVariant> held = ReadField(table, value.field, row);
+               return held && held->isValid() == value.value.isValid() &&
+                      held->toString() == value.value.toString();
+           });
 }
 
 // The values are bound from parameter 1 on, the row behind them.
@@ -143,7 +174,7 @@ static QByteArray UpdateSql(const TableInfo& table, const QByteArray& name,
 
 std::optional<RowId> Connection::InsertRow(int table, const std::vector<FieldValue>& values) {
     RowId row = 0;
-    const bool written = Write([&] {
+    const auto work = [&] {
         const TableInfo& info = Table(table);
         const SplitValues split = Split(info, values);
         // behind every row, so that a new one is the last in file order
@@ -151,8 +182,8 @@ std::optional<RowId> Connection::InsertRow(int table, const std::vector<FieldVal
         return row > 0 && WriteValues(InsertSql(info, info.MainName(), split.narrow), split.narrow, row) &&
                (!info.HasLongTexts() ||
                 WriteValues(InsertSql(info, info.TextName(), split.texts), split.texts, row));
-    });
-    return written ? std::optional(row) : std::nullopt;
+    };
+    return Write(work, [&] { return HasRow(table, row); }) ? std::optional(row) : std::nullopt;
 }
 
 bool Connection::WriteTexts(int table, RowId row, const std::vector<FieldValue>& values) {
@@ -164,7 +195,7 @@ bool Connection::WriteTexts(int table, RowId row, const std::vector<FieldValue>&
 }
 
 bool Connection::UpdateRow(int table, RowId row, const std::vector<FieldValue>& values) {
-    return Write([&] {
+    const auto work = [&] {
         const TableInfo& info = Table(table);
         const SplitValues split = Split(info, values);
         if (!HasRow(table, row))
@@ -172,25 +203,31 @@ bool Connection::UpdateRow(int table, RowId row, const std::vector<FieldValue>& 
         return (split.narrow.empty() ||
                 WriteValues(UpdateSql(info, info.MainName(), split.narrow), split.narrow, row)) &&
                (split.texts.empty() || WriteTexts(table, row, split.texts));
-    });
+    };
+    return Write(work, [&] { return Holds(table, row, values); });
 }
 
 bool Connection::DeleteRow(int table, RowId row) {
-    return Write([&] {
+    const auto work = [&] {
         return WriteValues("DELETE FROM " + Table(table).MainName() + " WHERE _id = ?", {}, row) &&
                sqlite3_changes(m_handle.get()) == 1;
-    });
+    };
+    return Write(work, [&] { return HasReadOnlyWholePages() && !HasRow(table, row); });
 }
 
 bool Connection::IndexText(int table, int field) {
     OpenTable& open = At(table);
     open.textIndex.reset();
     open.textIndexWasRead = false;
-    return Write([&] { return BuildTextIndex(m_handle.get(), open.info, field) && HasReadOnlyWholePages(); });
+    const auto work = [&] {
+        return BuildTextIndex(m_handle.get(), open.info, field) && HasReadOnlyWholePages();
+    };
+    return Write(work, [] { return false; }); // one that is in doubt is made again
 }
 
 bool Connection::Begin() {
-    if (!m_handle || m_transaction != Transaction::None || !RunSql(m_handle.get(), "BEGIN IMMEDIATE"))
+    if (!m_handle || m_transaction != Transaction::None || !IsInItsPlace() ||
+        !RunSql(m_handle.get(), "BEGIN IMMEDIATE"))
         return false;
     m_transaction = Transaction::Begun;
     return true;

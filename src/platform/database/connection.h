@@ -101,9 +101,12 @@ private:
     std::optional<std::vector<RowId>> Verify(const Selection& selection, const std::vector<RowId>& rows);
     std::optional<std::vector<RowId>> SelectByIndex(int table, const TextIndex& index,
                                                     const Condition& condition, const Selection& selection);
+    bool IsInItsPlace();
     OpenTable& At(int table) { return m_tables[static_cast<std::size_t>(table)]; }
-    template <typename Work>
-    bool Write(Work work);
+    template <typename Work, typename Arrived>
+    bool Write(Work work, Arrived arrived);
+    bool Settle();
+    bool Holds(int table, RowId row, const std::vector<FieldValue>& values);
     bool WriteValues(const QByteArray& sql, const std::vector<FieldValue>& values, RowId row);
     bool WriteTexts(int table, RowId row, const std::vector<FieldValue>& values);
 
