@@ -132,6 +132,7 @@ private Q_SLOTS:
         const StoreWrite next = RandomWrite(opened.forms, opened.random);
         QVERIFY(next.Run(opened.store));
         next.ApplyTo(opened.forms);
+        QVERIFY(FindsFormsByTheirText(opened.store, opened.forms));
         opened.store.CloseLibrary();
         const CheckedLibrary closed = CheckLibrary(opened.library.Path());
         QCOMPARE(closed.problems, QStringList());

@@ -165,8 +165,9 @@ private Q_SLOTS:
             LibraryStore store(variables);
             QVERIFY(store.OpenLibrary(library.Path(), BuildLibraryPassword()));
             const auto found = ReadForms(variables);
-            store.CloseLibrary();
             QVERIFY(found);
+            QVERIFY(FindsFormsByTheirText(store, *found));
+            store.CloseLibrary();
             QVERIFY2(*found == forms || *found == finished,
                      qPrintable(u"round %1, %2 acknowledged, then %3"_qs.arg(round)
                                     .arg(told.acknowledged.size())

@@ -29,6 +29,24 @@ std::optional<StoredForms> ReadForms(const quillbrook::PublicVariables& variable
     return forms;
 }
 
+bool FindsFormsByTheirText(LibraryStore& store, const StoredForms& forms) {
+    for (const QString& words : {QStringLiteral("rtf1"), QStringLiteral("No. 1"), QStringLiteral("77"),
+                                 QStringLiteral("before me"), QStringLiteral("pi\u00F1a")}) {
+        QStringList wanted;
+        for (const auto& [title, form] : forms) {
+            if (form.content.contains(words, Qt::CaseInsensitive))
+                wanted.append(title);
+        }
+        QStringList found =
+            store.SearchForms(u"SELECT * FROM Forms WHERE Content LIKE '*"_qs + words + u"*'"_qs);
+        found.sort();
+        wanted.sort();
+        if (found != wanted)
+            return false;
+    }
+    return true;
+}
+
 QString NameOf(StoreWrite::Kind kind) {
     static const QStringList names{QStringLiteral("add"), QStringLiteral("update"),
                                    QStringLiteral("save text"), QStringLiteral("delete"),

@@ -26,6 +26,9 @@ using StoredForms = std::map<QString, StoredForm>; // by title
 // All forms of an open library; empty when one of them cannot be read.
 std::optional<StoredForms> ReadForms(const quillbrook::PublicVariables& variables);
 
+// Whether searches in the texts find the very forms whose texts hold the words.
+bool FindsFormsByTheirText(quillbrook::LibraryStore& store, const StoredForms& forms);
+
 // One write of the store.
 struct StoreWrite {
     enum class Kind { Add, Update, SaveText, Delete, Favorite };

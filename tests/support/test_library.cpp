@@ -41,7 +41,8 @@ TestLibrary::TestLibrary(const std::vector<TestForm>& forms) {
     m_made = m_made && AddRow(*database->OpenRecordset(QStringLiteral("Jurat")),
                               {{"JuratNo", QStringLiteral("1")}, {"Content", QStringLiteral("SUBSCRIBED")}});
     m_made = m_made && AddRow(*database->OpenRecordset(QStringLiteral("Theme")), {{"Theme", 7}});
-    m_made = m_made && database->CommitTrans();
+    m_made = m_made && database->IndexText(QStringLiteral("Forms"), QStringLiteral("Content")) &&
+             database->CommitTrans();
     database->Close();
 }
 
