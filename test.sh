@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# ./test.sh [CTEST OPTIONS]: installs what is missing, builds with warnings as errors and runs the tests on a display
-# of its own. Options go to ctest: ./test.sh -R parse
+# ./test.sh [CTEST OPTIONS]: installs what is missing, builds with warnings as errors and runs the tests, each on a
+# display of its own. Options go to ctest: ./test.sh -R parse
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 export LC_ALL=C.UTF-8
@@ -8,5 +8,4 @@ if [ "${1:-}" = -- ]; then shift; fi
 
 scripts/setup.sh build display tour
 scripts/build.sh test
-exec scripts/display.sh \
-  ctest --test-dir build/test --output-on-failure --no-tests=error --parallel 2 --timeout 600 "$@"
+exec ctest --test-dir build/test --output-on-failure --no-tests=error --parallel 2 --timeout 600 "$@"

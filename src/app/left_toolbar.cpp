@@ -36,8 +36,8 @@ LeftToolbar::LeftToolbar(QWidget* window)
     cmdAddJurat =
         MakeLargeButton(picLeftToolbar, top(2), "cmdAddJurat",
                         tr("Add a Jurat or an Acknowledgment to Affidavits or Contracts"), "add-jurat");
-    btnSpellCheck = MakeLargeButton(picLeftToolbar, top(3), "btnSpellCheck", tr("Check Spelling and Grammar"),
-                                    "spell-check");
+    btnSpellCheck = MakeLargeButton(picLeftToolbar, top(3), "btnSpellCheck",
+                                    tr("Check Document for Spelling & Grammatical Errors"), "spell-check");
     btnEditMSWord = MakeLargeButton(picLeftToolbar, top(4), "btnEditMSWord", tr("Edit in the Word Processor"),
                                     "edit-in-word-processor");
     btnPrint = MakeLargeButton(picLeftToolbar, top(5), "btnPrint", tr("Print the Form"), "print");

@@ -21,6 +21,7 @@
 #include "output/file_commands.h"
 #include "output/paper_commands.h"
 #include "output/print_commands.h"
+#include "output/spelling_command.h"
 #include "output/word_commands.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/focus.h"
@@ -202,11 +203,13 @@ void frmMain::BuildCommands() {
     undoCommands = new UndoCommands(*editToolBar, *this, m_state, this);
     editorPanes = new EditorPanes(*editToolBar, *formatCommands, *undoCommands, *this, m_state, this);
     paperCommands = new PaperCommands(*this, m_windows, this);
-    fileCommands = new FileCommands(*myFormsPage, *this, m_state, m_windows, m_services, this);
+    fileCommands = new FileCommands(*myFormsPage, *this, m_state, m_variables, m_windows, m_services, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
     wordCommands = new WordCommands(*leftToolbar->btnEditMSWord, *leftToolbar->btnPrint, *this, m_state,
                                     *paperCommands, m_variables, m_services, fileCommands->CommonDialog1(),
                                     this);
+    spellingCommand = new SpellingCommand(*leftToolbar->btnSpellCheck, *this, *paperCommands, m_variables,
+                                          m_services, this);
     printCommands->SetPrintRoute([this] { return wordCommands->PrintPane(); });
     printCommands->SetPreviewRoute([this] { return wordCommands->PreviewPane(); });
     fileCommands->SetWordSaving([this] { wordCommands->SaveAsMSDoc(); });

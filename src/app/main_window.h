@@ -34,6 +34,7 @@ class PaperCommands;
 class PrintCommands;
 class SearchCommands;
 class SearchPage;
+class SpellingCommand;
 class UndoCommands;
 class WordCommands;
 
@@ -89,6 +90,7 @@ public:
     FileCommands* fileCommands;
     PrintCommands* printCommands;
     SearchCommands* searchCommands;
+    SpellingCommand* spellingCommand;
     WordCommands* wordCommands;
     QFrame* Line1;
     QTimer* Timer4; // never runs

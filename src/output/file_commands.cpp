@@ -1,5 +1,6 @@
 #include "output/file_commands.h"
 
+#include "app/public_variables.h"
 #include "app/window_list.h"
 #include "app/workbench.h"
 #include "library/my_forms_page.h"
@@ -9,12 +10,10 @@
 #include "platform/controls/focus.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
-#include "platform/rich_text/rich_text_clipboard.h"
+#include "platform/word/word_application.h"
+#include "platform/word/word_clipboard.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMimeData>
 
 namespace quillbrook {
 
@@ -24,11 +23,13 @@ using platform::MessageIcon;
 using platform::RichTextBox;
 
 FileCommands::FileCommands(MyFormsPage& myForms, Workbench& workbench, WindowState& state,
-                           WindowList& windows, platform::Services& services, QObject* parent)
+                           PublicVariables& variables, WindowList& windows, platform::Services& services,
+                           QObject* parent)
     : QObject(parent)
     , m_myForms(myForms)
     , m_workbench(workbench)
     , m_state(state)
+    , m_variables(variables)
     , m_windows(windows)
     , m_services(services) {
     windows.Offer(QStringLiteral("frmSave"), [this] {
@@ -183,15 +184,17 @@ void FileCommands::ShowOpened(RichTextBox* pane, const QString& title) {
 
 // What the word processor leaves on the clipboard decides; without one, what lay there before.
 void FileCommands::OpenThroughWord(const QString& title) {
+    std::unique_ptr<platform::WordApplication>& word = m_variables.WordApp;
     m_workbench.SetCaption(QStringLiteral("Opening ") + title + QStringLiteral("..."));
-    if (m_openByWord) {
-        m_workbench.SetCaption(QStringLiteral("Converting ") + title + QStringLiteral("..."));
-        m_openByWord(m_state.CurrentFilePath);
-    } else {
-        m_workbench.SetCaption(QStringLiteral("Converting ") + title + QStringLiteral("..."));
+    word.reset();
+    word = m_services.wordProcessor.CreateWordApplication(m_workbench.Window());
+    m_workbench.SetCaption(QStringLiteral("Converting ") + title + QStringLiteral("..."));
+    if (word) {
+        word->DocumentsOpen(m_state.CurrentFilePath);
+        word->SelectionWholeStory();
+        word->SelectionCopy();
     }
-    const QMimeData* clipboard = QGuiApplication::clipboard()->mimeData();
-    const QByteArray source = clipboard ? platform::RtfOf(*clipboard) : QByteArray();
+    const QByteArray source = platform::ClipboardRTF();
     if (source.isEmpty()) {
         m_services.messageBox.Show(m_workbench.Window(),
                                    QStringLiteral("An error occured while opening ") + title +
@@ -204,8 +207,11 @@ void FileCommands::OpenThroughWord(const QString& title) {
         pane->setTextRTF(source);
         ShowOpened(pane, title);
     }
-    if (m_closeWord)
-        m_closeWord();
+    if (word) {
+        word->ActiveDocumentClose(platform::wdDoNotSaveChanges);
+        word->Quit(platform::wdDoNotSaveChanges);
+    }
+    word.reset();
 }
 
 void FileCommands::New() {

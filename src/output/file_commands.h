@@ -15,6 +15,7 @@ namespace quillbrook {
 class MyFormsPage;
 class WindowList;
 class Workbench;
+struct PublicVariables;
 struct WindowState;
 
 // Saving, opening and beginning documents.
@@ -22,17 +23,11 @@ class FileCommands final : public QObject {
     Q_OBJECT
 
 public:
-    FileCommands(MyFormsPage& myForms, Workbench& workbench, WindowState& state, WindowList& windows,
-                 platform::Services& services, QObject* parent);
+    FileCommands(MyFormsPage& myForms, Workbench& workbench, WindowState& state, PublicVariables& variables,
+                 WindowList& windows, platform::Services& services, QObject* parent);
 
     // Saves the active pane as a word processor document.
     void SetWordSaving(std::function<void()> save) { m_saveByWord = std::move(save); }
-    // Opens a document in the word processor, puts its text on the clipboard, and closes it again when the
-    // second function runs. Without them the clipboard stays as it is.
-    void SetWordOpening(std::function<void(const QString& path)> open, std::function<void()> close) {
-        m_openByWord = std::move(open);
-        m_closeWord = std::move(close);
-    }
 
     // The one file dialog of all commands: it keeps its last file name between them.
     platform::FileChoice& CommonDialog1() { return m_dialog; }
@@ -60,12 +55,11 @@ private:
     MyFormsPage& m_myForms;
     Workbench& m_workbench;
     WindowState& m_state;
+    PublicVariables& m_variables;
     WindowList& m_windows;
     platform::Services& m_services;
     platform::FileChoice m_dialog;
     std::function<void()> m_saveByWord;
-    std::function<void(const QString&)> m_openByWord;
-    std::function<void()> m_closeWord;
 };
 
 } // namespace quillbrook

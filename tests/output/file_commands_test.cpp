@@ -79,6 +79,7 @@ private Q_SLOTS:
     void AWordDocumentTakesWhatTheClipboardHolds();
     void AWordDocumentWithoutRichTextTellsAnError();
     void AWordDocumentOnMyFormsBeginsANewForm();
+    void AWordDocumentIsConvertedByTheWordProcessor();
     void AWordDocumentIsSavedOverAsRichText();
     void NewEmptiesTheDocument();
     void NewOnMyFormsBeginsAForm();
@@ -387,6 +388,36 @@ void FileCommandsTest::AWordDocumentOnMyFormsBeginsANewForm() {
     window.Files().Open();
     QCOMPARE(window->txtMyContent()->Text(), u"imported"_qs);
     QCOMPARE(window->myFormsPage->txtMyTitle->text(), QString());
+}
+
+void FileCommandsTest::AWordDocumentIsConvertedByTheWordProcessor() {
+    FileWindow& window = *m_window;
+    PutRtfOnClipboard("{\\rtf1 lay there\\par}");
+    RecordingWord& word = window.services.wordProcessor;
+    word.installed = true;
+    QStringList captions;
+    word.onCall = [&](const QString& call) {
+        captions.append(window->windowTitle());
+        if (call.startsWith(u"Documents.Open"))
+            word.content = "{\\rtf1 converted\\par}";
+    };
+    window->SetTab(Tab::History);
+    window.Answer(u"Report.Doc"_qs);
+    window.Files().Open();
+    word.onCall = nullptr;
+    const QStringList calls = {u"CreateObject"_qs,
+                               u"Documents.Open "_qs + window.Path(u"Report.Doc"_qs),
+                               u"Selection.WholeStory"_qs,
+                               u"Selection.Copy"_qs,
+                               u"ActiveDocument.Close 0"_qs,
+                               u"Quit 0"_qs,
+                               u"Release"_qs};
+    QCOMPARE(word.calls, calls);
+    QCOMPARE(captions[0], u"Opening Report.Doc..."_qs);
+    QCOMPARE(captions[1], u"Converting Report.Doc..."_qs);
+    QCOMPARE(window->txtContent()->Text(), u"converted"_qs);
+    QCOMPARE(window->windowTitle(), u"Report.Doc"_qs);
+    QVERIFY(!window->Variables().WordApp);
 }
 
 void FileCommandsTest::AWordDocumentIsSavedOverAsRichText() {

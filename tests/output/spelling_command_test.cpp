@@ -1,0 +1,218 @@
+// The spelling and grammar check of a pane, call by call, and what comes back into it.
+#include "output/spelling_command.h"
+
+#include "app/left_toolbar.h"
+#include "platform/controls/my_button.h"
+#include "platform/rich_text/rich_text_box.h"
+#include "platform/word/word_clipboard.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+using platform::MessageButtons;
+using platform::MessageIcon;
+
+namespace {
+
+const QString kHome = u"Quillbrook by Atty. Merrow"_qs;
+const QByteArray kCorrected = "{\\rtf1 A {\\b corrected} deed\\par}";
+
+struct Moment {
+    QString call;
+    QString caption;
+    bool hourglass;
+    bool enabled;
+};
+
+bool HourglassShows() {
+    return QGuiApplication::overrideCursor() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
+}
+
+struct Desk {
+    Desk() {
+        Word().installed = true;
+        Word().onCall = [this](const QString& call) {
+            moments.push_back({call, window->windowTitle(), HourglassShows(),
+                               window->leftToolbar->btnSpellCheck->isEnabled()});
+            if (call == u"ActiveDocument.CheckGrammar" && !corrected.isEmpty())
+                Word().content = corrected;
+        };
+        window->SetTab(Tab::EditForm);
+        window->txtContent()->setText(u"A dede"_qs);
+        window->txtMyContent()->setText(u"My own dede"_qs);
+    }
+    ~Desk() { Word().onCall = nullptr; }
+
+    RecordingWord& Word() { return window.services.wordProcessor; }
+    void Check() { window->spellingCommand->CheckSpelling(); }
+    const Moment& At(const QString& call) const {
+        for (const Moment& moment : moments)
+            if (moment.call == call)
+                return moment;
+        static const Moment none{u"none"_qs, {}, false, false};
+        return none;
+    }
+    bool IsAtRest() {
+        return window->windowTitle() == kHome && !HourglassShows() && !window->Variables().WordApp &&
+               window->leftToolbar->btnSpellCheck->isEnabled();
+    }
+
+    TestWindow window;
+    std::vector<Moment> moments;
+    QByteArray corrected = kCorrected;
+};
+
+} // namespace
+
+class SpellingCommandTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void TheCallsComeInOrder() {
+        Desk desk;
+        desk.Check();
+        const QStringList calls = {u"CreateObject"_qs,
+                                   u"Visible = False"_qs,
+                                   u"Documents.Add"_qs,
+                                   u"Selection.Paste"_qs,
+                                   u"Options.CheckGrammarWithSpelling = True"_qs,
+                                   u"ActiveDocument.CheckGrammar"_qs,
+                                   u"Visible = False"_qs,
+                                   u"ActiveDocument.Select"_qs,
+                                   u"Selection.Cut"_qs,
+                                   u"ActiveDocument.Close 0"_qs,
+                                   u"Quit"_qs,
+                                   u"Release"_qs};
+        QCOMPARE(desk.Word().calls, calls);
+        QVERIFY(desk.IsAtRest());
+    }
+
+    void CaptionAndPointerTellHowFarItIs() {
+        Desk desk;
+        desk.Check();
+        for (const QString& call : {u"CreateObject"_qs, u"Documents.Add"_qs, u"Selection.Paste"_qs}) {
+            QCOMPARE(desk.At(call).caption, u"Opening Spelling & Grammar Checker..."_qs);
+            QVERIFY(desk.At(call).hourglass);
+        }
+        QCOMPARE(desk.At(u"ActiveDocument.CheckGrammar"_qs).caption, u"Checking Spelling & Grammar..."_qs);
+        QVERIFY(!desk.At(u"ActiveDocument.CheckGrammar"_qs).hourglass);
+        QVERIFY(desk.At(u"ActiveDocument.Select"_qs).hourglass);
+        for (const Moment& moment : desk.moments)
+            if (moment.call != u"Release")
+                QVERIFY(!moment.enabled);
+    }
+
+    void TheCorrectedTextComesBackWithItsFormats() {
+        Desk desk;
+        desk.window->txtContent()->setSelStart(3);
+        desk.window->State().DocumentSaved = true;
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
+        QVERIFY(desk.window->txtContent()->TextRTF().contains(u"\\b"_qs));
+        QCOMPARE(desk.window->txtContent()->SelStart(), 0);
+        QVERIFY(desk.window->State().DocumentSaved);
+        QCOMPARE(platform::ClipboardRTF(), kCorrected);
+    }
+
+    void TheEndIsTold() {
+        Desk desk;
+        desk.Check();
+        QCOMPARE(desk.window.services.messageBox.shown.size(), 1U);
+        const auto& told = desk.window.services.messageBox.shown[0];
+        QCOMPARE(told.text, u"Spell & Grammar Check completed!   "_qs);
+        QCOMPARE(told.title, u"Quillbrook PRO"_qs);
+        QCOMPARE(told.icon, MessageIcon::Information);
+        QCOMPARE(told.buttons, MessageButtons::Ok);
+    }
+
+    void EachPageChecksItsOwnPane_data() {
+        QTest::addColumn<int>("tab");
+        for (int tab = 0; tab < 6; ++tab)
+            QTest::addRow("%d", tab) << tab;
+    }
+    void EachPageChecksItsOwnPane() {
+        QFETCH(int, tab);
+        Desk desk;
+        desk.window->SetTab(Tab(tab));
+        desk.Check();
+        const bool mine = tab == 5;
+        QCOMPARE(desk.window->txtContent()->Text(), mine ? u"A dede"_qs : u"A corrected deed"_qs);
+        QCOMPARE(desk.window->txtMyContent()->Text(), mine ? u"A corrected deed"_qs : u"My own dede"_qs);
+    }
+
+    void UndoTakesTheCheckBack() {
+        Desk desk;
+        QVERIFY(desk.window.Show());
+        desk.window->SetTab(Tab::EditForm);
+        QTest::keyClicks(desk.window->txtContent(), u"x"_qs);
+        const QString before = desk.window->txtContent()->Text();
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
+        desk.window->Menu(u"mnuUndo"_qs)->trigger();
+        QCOMPARE(desk.window->txtContent()->Text(), before);
+    }
+
+    void AnEmptyPaneIsCheckedAllTheSame() {
+        Desk desk;
+        desk.corrected.clear();
+        desk.window->txtContent()->setText(QString());
+        desk.Check();
+        QVERIFY(desk.Word().calls.contains(u"ActiveDocument.CheckGrammar"_qs));
+        QCOMPARE(desk.window->txtContent()->Text(), QString());
+        QCOMPARE(desk.window.services.messageBox.shown.size(), 1U);
+    }
+
+    void WithoutAWordProcessorTheErrorIsToldAndThePaneStays() {
+        Desk desk;
+        desk.Word().installed = false;
+        desk.Check();
+        QCOMPARE(desk.Word().calls, QStringList{u"CreateObject"_qs});
+        const auto& told = desk.window.services.messageBox.shown;
+        QCOMPARE(told.size(), 1U);
+        QCOMPARE(told[0].text, u"Error in starting the Grammar & Spell Check Engine!   \n\n"
+                               "If this problem persists, please restart the Program!   "_qs);
+        QCOMPARE(told[0].title, u"Grammar/Spell Check Error!"_qs);
+        QCOMPARE(told[0].icon, MessageIcon::Critical);
+        QCOMPARE(desk.window->txtContent()->Text(), u"A dede"_qs);
+        QVERIFY(desk.IsAtRest());
+    }
+
+    void AFailingStepIsPassedOver_data() {
+        QTest::addColumn<QString>("member");
+        for (const char* member : {"Visible", "Documents.Add", "Selection.Paste",
+                                   "Options.CheckGrammarWithSpelling", "ActiveDocument.CheckGrammar",
+                                   "ActiveDocument.Select", "Selection.Cut", "ActiveDocument.Close", "Quit"})
+            QTest::newRow(member) << QString::fromLatin1(member);
+    }
+    void AFailingStepIsPassedOver() {
+        QFETCH(QString, member);
+        Desk desk;
+        desk.Word().failing.insert(member);
+        desk.Check();
+        QVERIFY(desk.Word().calls.contains(u"Quit"_qs));
+        QCOMPARE(desk.window.services.messageBox.shown.size(), 1U);
+        QCOMPARE(desk.window.services.messageBox.shown[0].text, u"Spell & Grammar Check completed!   "_qs);
+        QVERIFY(desk.IsAtRest());
+    }
+
+    void WhenTheCutFailsThePaneKeepsWhatItSent() {
+        Desk desk;
+        desk.Word().failing = {u"Selection.Paste"_qs, u"ActiveDocument.CheckGrammar"_qs,
+                               u"ActiveDocument.Select"_qs, u"Selection.Cut"_qs};
+        desk.corrected.clear();
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), u"A dede"_qs);
+    }
+
+    void TheButtonRunsTheCheck() {
+        Desk desk;
+        QVERIFY(desk.window.Show());
+        QTest::mouseClick(desk.window->leftToolbar->btnSpellCheck, Qt::LeftButton);
+        QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
+    }
+};
+
+QTEST_MAIN(SpellingCommandTest)
+#include "spelling_command_test.moc"
