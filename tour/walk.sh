@@ -16,7 +16,7 @@ main=$(wait_window 'Quillbrook by' 60) || fail "the main window did not come"
 picture 01-start
 
 # three clicks: a category, a sub-category, a title
-click "$main" 340 165 # Sales
+click "$main" 340 258 # Sales
 click "$main" 500 152 # its second sub-category
 click "$main" 640 137 # the first title
 picture_of "$main" 02-form
@@ -60,8 +60,36 @@ click "$main" 690 257
 picture_of "$main" 11-hits
 go_to 0
 
+# a pleading, its caption put on top, its verification and then a jurat chosen in the dialogs
+click "$main" 340 213 # Pleadings
+click "$main" 470 168 # Complaints
+click "$main" 640 122 # the first title
+go_to 2
+keys alt+a
+picture 12-add-to-form
+keys Down Down Right Down Down Right Return # Caption for Pleadings, Regional Trial Court, Civil Case
+keys ctrl+Home
+picture_of "$main" 13-caption
+click "$main" 40 120 # Add a Verification
+dialog=$(wait_window 'Add to Pleading') || fail "the dialog of pleadings did not come"
+keys Tab Down Down space
+picture_of "$dialog" 14-add-to-pleading
+keys Return
+wait_no_window 'Add to Pleading' || fail "the dialog of pleadings stays"
+picture_of "$main" 15-verification
+click "$main" 40 180 # Add a Jurat
+dialog=$(wait_window 'Add Jurat') || fail "the dialog of jurats did not come"
+click "$dialog" 200 72 # the text of the second choice
+picture_of "$dialog" 16-add-jurat
+keys Escape
+wait_no_window 'Add Jurat' || fail "the dialog of jurats stays"
+click "$main" 593 64 # Undo
+settle
+picture_of "$main" 17-taken-back
+go_to 0
+
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 12-large
+picture_of "$main" 18-large
 
 close_program "$main"

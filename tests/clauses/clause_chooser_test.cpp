@@ -144,10 +144,11 @@ private Q_SLOTS:
         QFETCH(ClauseDialog, dialog);
         PublicVariables variables;
         const auto chooser = Make(dialog, variables);
-        chooser->show();
+        QVERIFY(ShowDialog(*chooser));
         for (int number = 1; number <= chooser->Choices(); ++number) {
             QTest::mouseClick(chooser->HyperLabel(number), Qt::LeftButton);
             QCOMPARE(SetIn(*chooser), QList<int>{number});
+            QVERIFY(chooser->Option(number)->hasFocus());
         }
     }
 
