@@ -42,6 +42,7 @@ elif [ -z "${DISPLAY:-}" ]; then
   groups+=(wayland)
 fi
 scripts/setup.sh "${groups[@]}"
+scripts/setup.sh word || echo "Going on without a word processor: documents are then printed directly."
 scripts/build.sh release quillbrook quillbrook-library
 
 # build_library FILE: makes the library of forms/; FILE appears only when it is whole.

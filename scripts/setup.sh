@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/setup.sh GROUP...: sees to it that the packages of the groups are there.
-# Groups: build, display, tour, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
+# Groups: build, word, display, tour, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
 # Where that cannot be done (no apt-get, no right to, no network) it lists what is missing and exits 1.
 set -euo pipefail
 export LC_ALL=C # what apt says is read below
@@ -24,6 +24,8 @@ build|libhunspell-dev|pc:hunspell|reads the dictionary that the forms are spelt 
 build|hunspell-en-us|none|that dictionary: American English
 build|libgl-dev|pc:gl|the toolkit's headers ask for it
 build|fonts-liberation2 fonts-liberation|font:Liberation Serif|the letter shapes of the forms
+word|libreoffice-writer|cmd:soffice|the word processor that prints with options, previews, exports and saves documents
+word|libreoffice-dev|none|what the bridge to that word processor is built with
 wayland|qt6-wayland|none|windows on a desktop that has no X server
 display|xvfb|cmd:Xvfb|a display that nobody sees, for tests and tour
 display|openbox|cmd:openbox|gives the windows of that display focus and frames
@@ -31,6 +33,7 @@ display|x11-utils|cmd:xprop|tells when that display is ready
 tour|xdotool|cmd:xdotool|moves the tour's mouse and types its keys
 tour|wmctrl|cmd:wmctrl|closes the tour's windows as a person would
 tour|imagemagick|cmd:import|takes the tour's pictures
+tour|file|cmd:file|tells what kind of file a saved document is
 tour|poppler-utils|cmd:pdftoppm|shows the pages of the printed documents
 fuzz|clang|cmd:clang++|the compiler that has the fuzzer
 LIST
@@ -128,7 +131,7 @@ apt() {
 groups=${*:-build}
 for group in $groups; do
   case $group in
-  build | display | tour | wayland | fuzz) ;;
+  build | word | display | tour | wayland | fuzz) ;;
   *)
     echo "setup: no group is called '$group'" >&2
     exit 2

@@ -20,7 +20,7 @@ int main(int argc, char* argv[]) {
     platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"));
     platform::CommonDialog commonDialog;
     platform::Printer printer(QStringLiteral("Quillbrook PRO"));
-    platform::WordProcessor wordProcessor;
+    platform::WordProcessor wordProcessor(QApplication::applicationDirPath());
     platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());

@@ -102,7 +102,9 @@ bool RecordingWord::Record(const QString& member, const QString& argument) {
     return !failing.contains(member);
 }
 
-std::unique_ptr<platform::WordApplication> RecordingWord::CreateWordApplication(QWidget*) {
+std::unique_ptr<platform::WordApplication> RecordingWord::CreateWordApplication(QWidget* window) {
+    if (real)
+        return real->CreateWordApplication(window);
     if (!Record(QStringLiteral("CreateObject")) || !installed)
         return nullptr;
     return std::make_unique<Instance>(*this);

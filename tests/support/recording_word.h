@@ -21,6 +21,8 @@ public:
     QStringList calls;
 
     bool installed = false;
+    // Set: it starts the instances, and nothing is written down.
+    platform::WordProcessorService* real = nullptr;
     // Calls that fail, as they are written down but without their argument ("Visible", "Selection.Paste").
     QSet<QString> failing;
     QList<int> saveErrors; // of ActiveDocument.SaveAs, one after the other; then it succeeds

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/word/libreoffice/uno_streams.h"
+#include "platform/word/libreoffice/writer_session.h"
+
+#include <com/sun/star/awt/XWindow.hpp>
+#include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/frame/XController2.hpp>
+#include <com/sun/star/frame/XDesktop2.hpp>
+#include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/text/XTextDocument.hpp>
+#include <com/sun/star/text/XTextViewCursor.hpp>
+#include <com/sun/star/uno/XComponentContext.hpp>
+#include <rtl/ref.hxx>
+
+namespace platform {
+
+// Writer over UNO. Every reference may turn out to be empty, as the user can close a window at any time.
+class UnoWriterSession final : public WriterSession {
+public:
+    bool Connect(const QString& pipe) override;
+
+    bool SetVisible(bool visible) override;
+    bool SetCaption(const QString& caption) override;
+    bool Activate() override;
+
+    bool AddDocument() override;
+    bool OpenDocument(const QString& path) override;
+    bool CloseDocument() override;
+    bool Terminate() override;
+    bool HoldsOtherDocuments() override;
+
+    bool Paste(const QByteArray& richText) override;
+    bool SelectAll() override;
+    bool SetFontColorAutomatic() override;
+    bool GoToStart() override;
+    std::optional<QByteArray> SelectedRichText() override;
+    bool DeleteSelection() override;
+
+    bool SetPageLength(PageLength length, float points) override;
+
+    bool StartPrinting() override;
+    PrintProgress PrintingProgress() override;
+
+    bool StartPreview() override;
+    bool ShowFullPage() override;
+    PreviewProgress PreviewingProgress() override;
+
+    std::optional<QByteArray> DocumentFile() override;
+
+private:
+    using Style = css::uno::Reference<css::beans::XPropertySet>;
+
+    bool Load(const rtl::OUString& address, const css::uno::Sequence<css::beans::PropertyValue>& arguments);
+    css::uno::Reference<css::frame::XController2> Controller() const;
+    css::uno::Reference<css::frame::XFrame> Frame() const;
+    css::uno::Reference<css::awt::XWindow> Window() const;
+    css::uno::Reference<css::text::XTextViewCursor> ViewCursor() const;
+    bool IsInPreview() const;
+    bool Dispatch(const char* command, const css::uno::Sequence<css::beans::PropertyValue>& arguments = {});
+    bool SetStyleLength(const Style& style, PageLength length, sal_Int32 hundredths) const;
+
+    css::uno::Reference<css::uno::XComponentContext> m_context; // LibreOffice's
+    css::uno::Reference<css::frame::XDesktop2> m_desktop;
+    css::uno::Reference<css::text::XTextDocument> m_document; // the active one
+    css::uno::Reference<css::frame::XFrame> m_frame;          // its frame
+    rtl::Reference<PrintJobWatcher> m_printJob;
+    bool m_visible = false;
+};
+
+} // namespace platform

@@ -1,0 +1,211 @@
+#include "platform/word/office_word_application.h"
+
+#include "platform/rich_text/rich_text_file.h"
+#include "platform/word/word_clipboard.h"
+
+#include <QFileInfo>
+#include <QStorageInfo>
+#include <thread>
+
+namespace platform {
+
+namespace {
+
+constexpr auto kPollPause = std::chrono::milliseconds(50);
+constexpr auto kPreviewPause = std::chrono::milliseconds(100);
+
+// Large documents take their time, about a second for each million bytes.
+std::chrono::milliseconds PatienceFor(qint64 bytes) {
+    return kOfficePatience + std::chrono::milliseconds(bytes / 250);
+}
+
+int WordSaveErrorFor(SaveError error, const QString& path) {
+    constexpr int kAnyOther = 1;
+    switch (error) {
+    case SaveError::None:
+        return kWordNoError;
+    case SaveError::AlreadyOpen:
+        return kWordFileInUse;
+    case SaveError::DiskFull:
+        return kWordDiskFull;
+    case SaveError::DiskNotReady:
+    case SaveError::DeviceIo:
+    case SaveError::DeviceUnavailable:
+        return kWordDiskNotReady;
+    case SaveError::PermissionDenied:
+    case SaveError::PathOrFile: {
+        const QStorageInfo storage(QFileInfo(path).absolutePath());
+        if (storage.isValid() && storage.isReadOnly())
+            return kWordDiskNotWritable;
+        return error == SaveError::PermissionDenied ? kWordPermissionDenied : kAnyOther;
+    }
+    }
+    return kAnyOther;
+}
+
+} // namespace
+
+OfficeWordApplication::OfficeWordApplication(std::unique_ptr<OfficeInstance> instance, QWidget* window,
+                                             KeepInstance keep)
+    : m_instance(std::move(instance))
+    , m_window(window)
+    , m_keep(std::move(keep)) {}
+
+OfficeWordApplication::~OfficeWordApplication() {
+    if (!m_instance || !m_instance->IsAlive())
+        return;
+    if (m_visible)
+        m_instance->HandOver();
+    else
+        m_keep(std::move(m_instance));
+}
+
+bool OfficeWordApplication::SetVisible(bool visible) {
+    const bool done = Does([visible](WriterSession& session) { return session.SetVisible(visible); });
+    if (done)
+        m_visible = visible;
+    return done;
+}
+
+bool OfficeWordApplication::SetCaption(const QString& caption) {
+    return Does([caption](WriterSession& session) { return session.SetCaption(caption); });
+}
+
+bool OfficeWordApplication::DocumentsAdd() {
+    m_documentBytes = 0;
+    return Does([](WriterSession& session) { return session.AddDocument(); });
+}
+
+bool OfficeWordApplication::DocumentsOpen(const QString& path) {
+    m_documentBytes = QFileInfo(path).size();
+    return Does([path](WriterSession& session) { return session.OpenDocument(path); },
+                PatienceFor(m_documentBytes));
+}
+
+// Writer is handed what is on the clipboard: were it to ask for it, it would wait for us while we wait for
+// it.
+bool OfficeWordApplication::SelectionPaste() {
+    const QByteArray richText = ClipboardRTF();
+    if (richText.isEmpty())
+        return false;
+    m_documentBytes += richText.size();
+    return Does([richText](WriterSession& session) { return session.Paste(richText); },
+                PatienceFor(m_documentBytes));
+}
+
+bool OfficeWordApplication::SelectionWholeStory() {
+    return Does([](WriterSession& session) { return session.SelectAll(); });
+}
+
+bool OfficeWordApplication::SelectionFontColor(int color) {
+    return color == wdColorAutomatic &&
+           Does([](WriterSession& session) { return session.SetFontColorAutomatic(); },
+                PatienceFor(m_documentBytes));
+}
+
+bool OfficeWordApplication::SelectionHomeKey(int unit) {
+    return unit == wdStory && Does([](WriterSession& session) { return session.GoToStart(); });
+}
+
+bool OfficeWordApplication::SelectionCopy() {
+    if (!m_instance)
+        return false;
+    const auto copied = m_instance->Call([](WriterSession& session) { return session.SelectedRichText(); },
+                                         PatienceFor(m_documentBytes));
+    if (!copied || !*copied)
+        return false;
+    SetClipboardRTF(**copied);
+    return true;
+}
+
+bool OfficeWordApplication::SelectionCut() {
+    return SelectionCopy() && Does([](WriterSession& session) { return session.DeleteSelection(); },
+                                   PatienceFor(m_documentBytes));
+}
+
+std::optional<float> OfficeWordApplication::InchesToPoints(float inches) {
+    if (!m_instance || !m_instance->IsAlive())
+        return std::nullopt;
+    return inches * 72;
+}
+
+bool OfficeWordApplication::SetPageSetup(PageLength length, float points) {
+    return Does([length, points](WriterSession& session) { return session.SetPageLength(length, points); },
+                PatienceFor(m_documentBytes));
+}
+
+bool OfficeWordApplication::WindowsApplicationActivate() {
+    return Does([](WriterSession& session) { return session.Activate(); });
+}
+
+bool OfficeWordApplication::ShowDialog(int dialog) {
+    if (dialog != wdDialogFilePrint || !Does([](WriterSession& session) { return session.StartPrinting(); }))
+        return false;
+    for (;;) {
+        const auto progress = m_instance->Call(
+            [](WriterSession& session) {
+                std::this_thread::sleep_for(kPollPause);
+                return session.PrintingProgress();
+            },
+            kUserPatience);
+        if (progress != PrintProgress::Busy)
+            return progress == PrintProgress::Done;
+    }
+}
+
+bool OfficeWordApplication::ActiveDocumentPrintPreview() {
+    return Does([](WriterSession& session) { return session.StartPreview(); }, PatienceFor(m_documentBytes));
+}
+
+bool OfficeWordApplication::SetPageFit(int fit) {
+    return fit == wdPageFitFullPage && Does([](WriterSession& session) { return session.ShowFullPage(); });
+}
+
+bool OfficeWordApplication::PrintPreview() {
+    return Does(
+        [](WriterSession& session) {
+            if (session.PreviewingProgress() == PreviewProgress::Closed)
+                return false;
+            std::this_thread::sleep_for(kPreviewPause);
+            return true;
+        },
+        kUserPatience);
+}
+
+bool OfficeWordApplication::SetCheckGrammarWithSpelling(bool check) {
+    m_checksGrammar = check;
+    return m_instance && m_instance->IsAlive();
+}
+
+// Writer's own check shows nothing for a document that is hidden.
+bool OfficeWordApplication::ActiveDocumentCheckGrammar() {
+    return false;
+}
+
+bool OfficeWordApplication::ActiveDocumentSelect() {
+    return SelectionWholeStory();
+}
+
+int OfficeWordApplication::ActiveDocumentSaveAs(const QString& path) {
+    constexpr int kNotWritten = 1;
+    if (!m_instance)
+        return kWordServerGone;
+    const auto file = m_instance->Call([](WriterSession& session) { return session.DocumentFile(); },
+                                       PatienceFor(m_documentBytes));
+    if (!file)
+        return kWordServerGone;
+    return *file ? WordSaveErrorFor(WriteFileWhole(path, **file), path) : kNotWritten;
+}
+
+bool OfficeWordApplication::ActiveDocumentClose(int saveChanges) {
+    return saveChanges == wdDoNotSaveChanges &&
+           Does([](WriterSession& session) { return session.CloseDocument(); });
+}
+
+// Its documents are closed by now, so there is nothing to be saved, whatever is asked for.
+bool OfficeWordApplication::Quit(std::optional<int>) {
+    const std::unique_ptr<OfficeInstance> instance = std::move(m_instance);
+    return instance && instance->Quit();
+}
+
+} // namespace platform
