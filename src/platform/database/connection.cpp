@@ -10,6 +10,7 @@ namespace platform {
 
 Connection::Connection(Handle handle, bool exclusive)
     : m_handle(std::move(handle))
+    , m_textReader(std::make_unique<TextReader>(m_handle.get()))
     , m_exclusive(exclusive)
     , m_probe(m_handle.get(), "SELECT 1 FROM sqlite_master") {}
 
@@ -20,6 +21,7 @@ Connection::~Connection() {
 void Connection::Close() {
     m_tables.clear();
     m_probe = {};
+    m_textReader.reset();
     m_transaction = Transaction::None;
     m_handle.reset();
 }

@@ -6,6 +6,7 @@
 #include "platform/database/selection.h"
 #include "platform/database/sqlite_statement.h"
 #include "platform/database/text_index.h"
+#include "platform/database/text_reader.h"
 
 namespace platform {
 
@@ -112,6 +113,7 @@ private:
 
     // the order matters: the statements of m_tables go before the handle
     Handle m_handle;
+    std::unique_ptr<TextReader> m_textReader;
     const bool m_exclusive;
     std::vector<OpenTable> m_tables;
     SqliteStatement m_probe;

@@ -101,6 +101,8 @@ std::shared_ptr<Connection> Connection::Wrap(Handle handle, bool exclusive) {
     if (!tables)
         return nullptr;
     std::shared_ptr<Connection> connection(new Connection(std::move(handle), exclusive));
+    if (!RegisterLikeText(connection->m_handle.get(), *connection->m_textReader))
+        return nullptr;
     for (TableInfo& info : *tables) {
         const std::size_t fields = info.fields.size();
         connection->m_tables.push_back(

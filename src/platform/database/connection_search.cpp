@@ -19,6 +19,7 @@ bool Connection::Read(Work work) {
     if (ownReading && !RunSql(m_handle.get(), "BEGIN"))
         return false;
     const bool whole = work() && HasReadOnlyWholePages();
+    m_textReader->Close();
     if (ownReading && sqlite3_get_autocommit(m_handle.get()) == 0)
         RunSql(m_handle.get(), "ROLLBACK"); // nothing was written
     return whole;

@@ -126,8 +126,8 @@ public:
 
     // Edit stages changes of the current row, AddNew those of a new one; SetField stages a value; Update
     // writes them in one transaction, on disk when it returns. A refused Update (a repeated unique value, a
-    // full disk, a file that is no longer in its place) writes nothing and ends the staging. A row added is the result's last and does not become
-    // the current one. A move drops what was staged.
+    // full disk, a file that is no longer in its place) writes nothing and ends the staging. A row added is
+    // the result's last and does not become the current one. A move drops what was staged.
     bool Edit();
     bool AddNew();
     bool SetField(const QString& name, const QVariant& value);

@@ -228,6 +228,13 @@ bool LikePattern::Matches(std::string_view text) const {
     return p != nullptr;
 }
 
+// Parts of ASCII only cannot be mistaken in a character that was cut through.
+bool LikePattern::IsDecidedByABeginning() const {
+    return m_segments.size() > 1 && m_segments.back().elements.empty() &&
+           std::all_of(m_segments.begin(), m_segments.end(),
+                       [](const Segment& segment) { return segment.elements.empty() || segment.needle; });
+}
+
 TextNeedle LikePattern::Needle() const {
     TextNeedle needle;
     const auto isCharacter = [](const Element& element) { return element.kind == Element::Kind::Character; };

@@ -31,6 +31,9 @@ public:
     // `text` is UTF-8; any bytes may come in. Time is linear in the text for a given pattern.
     bool Matches(std::string_view text) const;
 
+    // A text of which a beginning matches, cut off anywhere, matches as a whole.
+    bool IsDecidedByABeginning() const;
+
     // What an index over the texts' runs can say about the pattern.
     TextNeedle Needle() const;
 

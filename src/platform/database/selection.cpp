@@ -19,6 +19,7 @@ private:
     bool AppendJoined(const Condition& condition, const char* joiner);
     bool AppendOperand(const Operand& operand);
     bool IsNumber(const Operand& operand) const;
+    bool IsLong(const Operand& operand) const;
 
     const TableInfo& m_table;
     Selection m_selection;
@@ -52,6 +53,16 @@ bool Builder::IsNumber(const Operand& operand) const {
     return field >= 0 && m_table.fields[static_cast<std::size_t>(field)].IsNumber();
 }
 
+bool Builder::IsLong(const Operand& operand) const {
+    const int field = operand.kind == Operand::Kind::Field ? m_table.IndexOf(operand.text) : -1;
+    return field >= 0 && m_table.fields[static_cast<std::size_t>(field)].IsLong();
+}
+
+// A quoted name as a text.
+QByteArray AsText(QByteArray name) {
+    return name.replace('"', '\'');
+}
+
 bool Builder::AppendOperand(const Operand& operand) {
     if (operand.kind != Operand::Kind::Field) {
         m_where += '?';
@@ -67,6 +78,15 @@ bool Builder::AppendOperand(const Operand& operand) {
 }
 
 bool Builder::AppendTest(const Condition& condition) {
+    if (condition.kind == Condition::Kind::Like && IsLong(condition.left)) {
+        m_where += "like_text(";
+        if (!AppendOperand(condition.right))
+            return false;
+        const QByteArray table = m_table.TextName();
+        const QByteArray column = m_table.ColumnName(m_table.IndexOf(condition.left.text));
+        m_where += ", t._id, " + AsText(table) + ", " + AsText(column) + ')';
+        return true;
+    }
     if (condition.kind == Condition::Kind::Like) {
         m_where += "like(";
         if (!AppendOperand(condition.right))

@@ -231,6 +231,9 @@ private Q_SLOTS:
     // Wherever a page is damaged: the opening fails, or reading that page does; all else is still read.
     void ADamagedPageGivesFailingReads() {
         const QByteArray whole = m_library->Bytes();
+        const int matching =
+            Run(*m_library->Open(), u"SELECT * FROM Forms WHERE Content LIKE '*deed 7*'"_qs)->RecordCount();
+        QVERIFY(matching > 0);
         int opened = 0;
         int failures = 0;
         int mostlyRead = 0;
@@ -242,7 +245,12 @@ private Q_SLOTS:
             if (!database)
                 continue;
             ++opened;
-            const auto search = Run(*database, u"SELECT * FROM Forms WHERE Content LIKE '*deed 7*'"_qs);
+            // this one reads every text to its end
+            const auto search = Run(*database, u"SELECT * FROM Forms WHERE Content LIKE '*nowhere*'"_qs);
+            QVERIFY(!search || search->RecordCount() == 0);
+            // this one what it needs: it fails or it is right
+            const auto found = Run(*database, u"SELECT * FROM Forms WHERE Content LIKE '*deed 7*'"_qs);
+            QVERIFY(!found || found->RecordCount() == matching);
             const auto rows = Run(*database, u"SELECT * FROM Forms WHERE Title LIKE '*'"_qs);
             failures += search ? 0 : 1;
             if (rows) {

@@ -199,6 +199,25 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
     }
 
+    void BeginningDecides_data() {
+        QTest::addColumn<QByteArray>("pattern");
+        QTest::addColumn<bool>("decides");
+        QTest::newRow("word") << QByteArray("*deed*") << true;
+        QTest::newRow("words") << QByteArray("*deed*sale*") << true;
+        QTest::newRow("anything") << QByteArray("**") << true;
+        QTest::newRow("at the start") << QByteArray("deed*") << true;
+        QTest::newRow("at the end") << QByteArray("*deed") << false;
+        QTest::newRow("whole") << QByteArray("deed") << false;
+        QTest::newRow("nothing") << QByteArray("") << false;
+        QTest::newRow("cut through") << QByteArray("*dee?*") << false;
+        QTest::newRow("beyond ASCII") << QByteArray("*d\xC3\xA9*") << false;
+    }
+    void BeginningDecides() {
+        QFETCH(QByteArray, pattern);
+        QFETCH(bool, decides);
+        QCOMPARE(LikePattern::Compile(pattern.toStdString())->IsDecidedByABeginning(), decides);
+    }
+
     void ComparisonIsCaselessAndTellsAccentsApart() {
         using platform::CompareCaseless;
         QCOMPARE(CompareCaseless("Deed", "dEED"), 0);

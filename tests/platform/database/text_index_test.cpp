@@ -1,6 +1,7 @@
 // Searching with the index over a long text finds the rows that the scan finds, whatever was written since
 // and whatever became of the index.
 #include "platform/database/connection.h"
+#include "platform/database/like_pattern.h"
 #include "tests/platform/database/temporary_library.h"
 
 #include <QTest>
@@ -14,6 +15,7 @@ namespace {
 
 const QString kForms = QStringLiteral("Forms");
 const QString kContent = QStringLiteral("Content");
+const QString kCopy = QStringLiteral("SubCategory"); // here the same text as a short one
 const QString kAll = QStringLiteral("SELECT * FROM Forms WHERE ");
 
 QString Like(const QString& pattern) {
@@ -27,7 +29,8 @@ QString Titles(Database& database, const QString& condition) {
 
 bool SetContent(Database& database, const QString& title, const QVariant& content) {
     const auto rows = Run(database, kAll + QStringLiteral("Title = '%1'").arg(title));
-    return rows && rows->Edit() && rows->SetField(kContent, content) && rows->Update();
+    return rows && rows->Edit() && rows->SetField(kContent, content) && rows->SetField(kCopy, content) &&
+           rows->Update();
 }
 
 bool Delete(Database& database, const QString& title) {
@@ -172,7 +175,8 @@ class TextIndexTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    // Two libraries see the same writes; only one has an index.
+    // Two libraries see the same writes; only one has an index. A copy of the text in a short field tells
+    // what LIKE finds in a text at hand.
     void IndexFindsTheRowsOfTheScan_data() {
         QTest::addColumn<unsigned>("seed");
         for (unsigned seed = 1; seed <= 12; ++seed)
@@ -199,7 +203,7 @@ private Q_SLOTS:
                 QVERIFY(rows->AddNew());
                 QVERIFY(rows->SetField(QStringLiteral("Title"), QStringLiteral("T%1").arg(titles)));
                 QVERIFY(rows->SetField(QStringLiteral("Category"), category));
-                QVERIFY(!hasContent || rows->SetField(kContent, content));
+                QVERIFY(!hasContent || (rows->SetField(kContent, content) && rows->SetField(kCopy, content)));
                 QVERIFY(rows->Update());
             }
         };
@@ -221,7 +225,10 @@ private Q_SLOTS:
         const auto compare = [&](int count) {
             for (int i = 0; i < count; ++i) {
                 const QString condition = SomeCondition(random, texts, 3);
-                QVERIFY2(Titles(*indexed, condition) == Titles(*plain, condition), qPrintable(condition));
+                const QString found = Titles(*indexed, condition);
+                QVERIFY2(found == Titles(*plain, condition), qPrintable(condition));
+                const QString onCopy = QString(condition).replace(kContent, kCopy);
+                QVERIFY2(found == Titles(*plain, onCopy), qPrintable(condition));
             }
         };
         for (Database* database : both)
@@ -427,6 +434,36 @@ private Q_SLOTS:
         QVERIFY(!database->OpenRecordset(QStringLiteral("Forms_changed")));
         QVERIFY(!database->OpenRecordset(QStringLiteral("_text_index")));
         QCOMPARE(database->OpenRecordset(kForms)->RecordCount(), 3);
+    }
+
+    // a text is read from its beginning, and only as far as needed
+    void NeedleIsFoundWhereverItLies_data() {
+        QTest::addColumn<int>("place");
+        for (const int place : {0, 1, 1980, 1990, 1995, 2000, 2001, 16'000, 16'380, 32'700, 59'990})
+            QTest::addRow("%d", place) << place;
+    }
+    void NeedleIsFoundWhereverItLies() {
+        QFETCH(int, place);
+        const TemporaryLibrary library;
+        const auto database = library.Create();
+        QString content(60'000, u'.');
+        content.replace(place, 10, QStringLiteral("bill\u00e9d Due"));
+        QVERIFY(AddForm(*database, QStringLiteral("A"), content));
+        QVERIFY(AddForm(*database, QStringLiteral("B"), QString(60'000, u'.')));
+        QVERIFY(AddForm(*database, QStringLiteral("C"), content));
+        for (const char* pattern :
+             {"*bill*", "*BILL*D d*", "*l\xC3\xA9*", "*?ill?d*", "*.*bill*d*", ".*d*", "*b*d*.",
+              "*bill\xC3\xA9"
+              "d du*"})
+            for (const bool indexed : {false, true}) {
+                QVERIFY(!indexed || database->IndexText(kForms, kContent));
+                const QString condition = Like(QString::fromUtf8(pattern));
+                const bool matches = LikePattern::Compile(pattern)->Matches(content.toStdString());
+                QVERIFY2(Titles(*database, condition) == QLatin1String(matches ? "A C" : ""), pattern);
+            }
+        QVERIFY(SetContent(*database, QStringLiteral("A"), QVariant()));
+        QCOMPARE(Titles(*database, QStringLiteral("NOT Content LIKE '*bill*'")), QStringLiteral("B"));
+        QCOMPARE(Titles(*database, Like(QStringLiteral("*bill*"))), QStringLiteral("C"));
     }
 
     void LongTextsFillManyPages() {
