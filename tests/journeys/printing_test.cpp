@@ -109,6 +109,62 @@ private Q_SLOTS:
             QVERIFY(pdf.Ink(page).bottom() <= size.height() * 72 - 70);
     }
 
+    // A form with a table of ruled cells, as deeds of several properties have it.
+    void AFormWithATableKeepsItsRows_data() { Papers(); }
+    void AFormWithATableKeepsItsRows() {
+        QFETCH(QSizeF, size);
+        Office office;
+        QVERIFY(office.window.Show());
+        office.window.services.printer.SetPaper(Sheet(size));
+        office.window->SetTab(Tab::EditForm);
+        PrintedText text;
+        text.Heading(4).Paragraph(90);
+        std::vector<int> rows; // first word of each
+        for (int row = 0; row < 24; ++row) {
+            rows.push_back(text.Count());
+            text.RuledRow(2 + row % 3);
+        }
+        text.Paragraph(60).Paragraph(3, QStringLiteral("\\qr"));
+        office.window->txtContent()->setTextRTF(text.Source());
+        const PdfPages pdf = office.Print();
+        QCOMPARE(pdf.Count(), 2);
+        QCOMPARE(pdf.Words(), text.Expected());
+        for (std::size_t row = 0; row + 1 < rows.size(); ++row) {
+            const QStringList first = pdf.Page(0).Texts();
+            QCOMPARE(first.contains(PrintedText::Word(rows[row])),
+                     first.contains(PrintedText::Word(rows[row + 1] - 1)));
+        }
+        for (int page = 0; page < pdf.Count(); ++page)
+            QVERIFY(pdf.Ink(page).bottom() <= size.height() * 72 - 70);
+    }
+
+    void AnEmptyPaneGivesNoPage_data() { Papers(); }
+    void AnEmptyPaneGivesNoPage() {
+        QFETCH(QSizeF, size);
+        Office office;
+        QVERIFY(office.window.Show());
+        office.window.services.printer.SetPaper(Sheet(size));
+        QVERIFY(!office.Print().IsRead());
+        QCOMPARE(office.window.services.messageBox.shown.back().text, u"No open document!   "_qs);
+    }
+
+    void APaneWithOneBlankIsAnEmptyPage_data() { Papers(); }
+    void APaneWithOneBlankIsAnEmptyPage() {
+        QFETCH(QSizeF, size);
+        Office office;
+        QVERIFY(office.window.Show());
+        office.window.services.printer.SetPaper(Sheet(size));
+        office.window->SetTab(Tab::EditForm);
+        QTest::mouseClick(office.window->txtContent()->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 40});
+        QTest::keyClick(office.window->txtContent(), Qt::Key_Space);
+        QCOMPARE(office.window->txtContent()->Text(), u" "_qs);
+        const PdfPages pdf = office.Print();
+        QCOMPARE(pdf.Count(), 1);
+        QVERIFY(std::abs(pdf.Page(0).size.width() - size.width() * 72) <= 1);
+        QVERIFY(pdf.Words().isEmpty());
+        QVERIFY(pdf.Ink(0).isEmpty());
+    }
+
     void TheWindowsWidthChangesNoLine() {
         QStringList lines;
         for (const int width : {760, 1400}) {

@@ -6,6 +6,7 @@
 #include "tests/support/printed_text.h"
 #include "tests/support/scripted_services.h"
 
+#include <QPainter>
 #include <QtTest>
 
 using namespace quillbrook;
@@ -190,6 +191,77 @@ private Q_SLOTS:
             }
             QCOMPARE(pages, 1);
         }
+    }
+
+    void ATableIsClosedAboveAndBelowAPageBreak() {
+        Press press;
+        PrintedText text;
+        for (int i = 0; i < 40; ++i)
+            text.RuledRow(2);
+        const PdfPages pdf = press.Print(text);
+        QCOMPARE(pdf.Count(), 2);
+        for (int page = 0; page < pdf.Count(); ++page) {
+            const QRectF ink = pdf.Ink(page);
+            const QImage picture = pdf.Picture(page, 72);
+            const auto darkIn = [&picture](double y) {
+                int dark = 0;
+                for (int x = 0; x < picture.width(); ++x)
+                    dark += qGray(picture.pixel(x, int(y))) < 200;
+                return dark;
+            };
+            const int above = std::max(darkIn(ink.top()), darkIn(ink.top() + 1));
+            const int below = std::max(darkIn(ink.bottom() - 1), darkIn(ink.bottom() - 2));
+            QVERIFY2(above > 390, qPrintable(QString::number(above))); // 8000 twips
+            QVERIFY2(below > 390, qPrintable(QString::number(below)));
+        }
+    }
+
+    void ATableThatBeginsOrEndsAPageRepeatsNothing_data() {
+        QTest::addColumn<int>("before"); // lines
+        for (int lines = 44; lines < 56; ++lines)
+            QTest::addRow("%d lines", lines) << lines;
+    }
+    void ATableThatBeginsOrEndsAPageRepeatsNothing() {
+        QFETCH(int, before);
+        Press press;
+        PrintedText text;
+        for (int i = 0; i < before; ++i)
+            text.Paragraph(1, QString());
+        text.RuledRow(2).RuledRow(1);
+        for (int i = 0; i < 46; ++i)
+            text.Paragraph(1, QString());
+        text.RuledRow(1).Paragraph(1, QString());
+        const PdfPages pdf = press.Print(text);
+        QVERIFY(pdf.Count() >= 2);
+        QCOMPARE(pdf.Words(), text.Expected());
+    }
+
+    void ARowTallerThanThePageLosesNoWord() {
+        Press press;
+        const PrintedText text = PrintedText().Paragraph(20).Row(130).Paragraph(20);
+        const PdfPages pdf = press.Print(text);
+        QVERIFY(pdf.Count() >= 3);
+        const QStringList printed = pdf.Words();
+        for (const QString& word : text.Expected())
+            QVERIFY2(printed.contains(word), qPrintable(word));
+    }
+
+    void APositionBehindTheTextEndsTheLoop() {
+        // what the box counts and the length of its text are one, with tables, pictures and marks as well
+        Press press;
+        press.box.setTextRTF(Contract(4).Source());
+        QImage sheet(100, 100, QImage::Format_Grayscale8);
+        QPainter painter(&sheet);
+        const QRect rectangle(0, 0, 9180, 12960);
+        int position = 0;
+        int pages = 0;
+        for (const auto length = int(press.box.Text().size()); position < length; ++pages)
+            position = press.box.FormatRange(painter, rectangle, position, false);
+        painter.end();
+        press.box.FormatRangeRelease();
+        QCOMPARE(position, int(press.box.Text().size()));
+        QVERIFY(pages > 3);
+        QVERIFY(std::abs(press.Print().Count() - pages) <= 1); // on another resolution
     }
 
     void BulletsAndNumbersAreThere() {

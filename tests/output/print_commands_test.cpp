@@ -232,6 +232,55 @@ private Q_SLOTS:
         QVERIFY(office.Printer().printed.isEmpty());
     }
 
+    void PendingEventsRunAfterPrintingAndAfterAPrinterSetup_data() {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<bool>("confirmed");
+        QTest::addColumn<bool>("run");
+        QTest::newRow("printed") << u"mnuPrint"_qs << true << true;
+        QTest::newRow("not printed") << u"mnuPrint"_qs << false << false;
+        QTest::newRow("setup") << u"mnuPrintSetup"_qs << true << true;
+        QTest::newRow("setup cancelled") << u"mnuPrintSetup"_qs << false << false;
+    }
+    void PendingEventsRunAfterPrintingAndAfterAPrinterSetup() {
+        QFETCH(QString, entry);
+        QFETCH(bool, confirmed);
+        QFETCH(bool, run);
+        Office office;
+        office.window->txtContent()->setText(u"form"_qs);
+        office.Printer().setupConfirmed = confirmed;
+        office.window.services.messageBox.answer = confirmed ? MessageAnswer::Yes : MessageAnswer::No;
+        bool ran = false;
+        QMetaObject::invokeMethod(
+            &*office.window, [&ran] { ran = true; }, Qt::QueuedConnection);
+        office.window->Menu(entry)->trigger();
+        QCOMPARE(ran, run);
+    }
+
+    void TheDropDownMenuWaitsForPendingEvents() {
+        Office office;
+        QVERIFY(office.window.Show());
+        QMenu* menu = office.window->menuTree->Menu(u"mnuDropPrint"_qs);
+        QStringList order;
+        QMetaObject::invokeMethod(
+            &*office.window, [&] { order += u"event"_qs; }, Qt::QueuedConnection);
+        connect(menu, &QMenu::aboutToShow, this, [&] { order += u"menu"_qs; });
+        Q_EMIT office.window->leftToolbar->btnPrint->DropDownClick();
+        QTRY_VERIFY(menu->isVisible());
+        menu->close();
+        QCOMPARE(order, (QStringList{u"event"_qs, u"menu"_qs}));
+    }
+
+    void TheDropDownMenuHasItsCaptions() {
+        Office office;
+        QStringList captions;
+        for (const QAction* entry : office.window->menuTree->Menu(u"mnuDropPrint"_qs)->actions())
+            captions += entry->isSeparator() ? u"-"_qs : entry->text();
+        QCOMPARE(captions,
+                 (QStringList{u"Page Setup..."_qs, u"-"_qs, u"Printer Setup"_qs, u"Print Preview"_qs}));
+        QCOMPARE(office.window->Menu(u"mnuPrint"_qs)->text(), u"&Print..."_qs);
+        QCOMPARE(office.window->Menu(u"mnuPrintSetup"_qs)->text(), u"Print Setup..."_qs);
+    }
+
     void TheDropDownMenuOpensAtItsPlace() {
         Office office;
         QVERIFY(office.window.Show());

@@ -36,10 +36,15 @@ public:
     // A row of two cells, the first with a line for each of its words.
     PrintedText& Row(int lines) {
         m_source += QStringLiteral("\\trowd\\cellx3000\\cellx8000\\pard\\intbl ");
-        for (int i = 0; i < lines; ++i)
-            m_source += (i ? QStringLiteral("\\line ") : QString()) + Words(1);
-        m_source += QStringLiteral("\\cell ") + Words(2) + QStringLiteral("\\cell\\row\n");
-        return *this;
+        return Cells(lines);
+    }
+    // The same with lines around its cells.
+    PrintedText& RuledRow(int lines) {
+        const QString rules =
+            QStringLiteral("\\clbrdrt\\brdrs\\clbrdrl\\brdrs\\clbrdrb\\brdrs\\clbrdrr\\brdrs");
+        m_source += QStringLiteral("\\trowd") + rules + QStringLiteral("\\cellx3000") + rules +
+                    QStringLiteral("\\cellx8000\\pard\\intbl ");
+        return Cells(lines);
     }
     // A black square of an inch.
     PrintedText& Picture() {
@@ -54,6 +59,12 @@ public:
     }
 
 private:
+    PrintedText& Cells(int lines) {
+        for (int i = 0; i < lines; ++i)
+            m_source += (i ? QStringLiteral("\\line ") : QString()) + Words(1);
+        m_source += QStringLiteral("\\cell ") + Words(2) + QStringLiteral("\\cell\\row\n");
+        return *this;
+    }
     QString Words(int count) {
         QString text;
         for (int i = 0; i < count; ++i) {

@@ -64,6 +64,13 @@ struct RowUnit {
     double bottom = 0;
 };
 
+// Of no properties outside of the table.
+QTextTableCellFormat CellFormat(const QTextTable& table, int row, int column) {
+    if (row < 0 || row >= table.rows())
+        return {};
+    return table.cellAt(row, column).format().toTableCellFormat();
+}
+
 RowUnit RowsAround(const QTextTable& table, const QTextBlock& block) {
     int begin = table.cellAt(block.position()).row();
     int end = begin + 1;
@@ -91,13 +98,19 @@ RowUnit RowsAround(const QTextTable& table, const QTextBlock& block) {
         for (const Line& line : LinesOf(inside))
             widen(line.top, line.bottom);
     }
-    // the room that borders and paddings take; Qt tells no rectangle of a cell
+    // the room that borders and paddings take; Qt tells no rectangle of a cell. Rows share the border between
+    // them, which is drawn half in each.
     const QTextTableFormat format = table.format();
     double above = format.cellPadding();
     double below = format.cellPadding();
     for (int column = 0; column < table.columns(); ++column) {
-        above = std::max(above, table.cellAt(begin, column).format().toTableCellFormat().topPadding());
-        below = std::max(below, table.cellAt(end - 1, column).format().toTableCellFormat().bottomPadding());
+        const QTextTableCellFormat upper = CellFormat(table, begin, column);
+        const QTextTableCellFormat lower = CellFormat(table, end - 1, column);
+        above = std::max(above,
+                         upper.topPadding() + std::max(upper.topBorder(),
+                                                       CellFormat(table, begin - 1, column).bottomBorder()));
+        below = std::max(below, lower.bottomPadding() + std::max(lower.bottomBorder(),
+                                                                 CellFormat(table, end, column).topBorder()));
     }
     const QPaintDevice* device = block.document()->documentLayout()->paintDevice();
     const double factor = device == nullptr ? 1 : device->logicalDpiY() / kScreenDpi;

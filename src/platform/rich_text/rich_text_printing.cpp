@@ -28,10 +28,15 @@ QRegion Shown(const QRectF& clip, const std::vector<QRectF>& hidden) {
     return region;
 }
 
+// Whether a paragraph of lines stands outside of tables.
+bool IsInFlow(const QTextBlock& block) {
+    return QTextCursor(block).currentFrame() == block.document()->rootFrame() &&
+           block.layout()->lineCount() > 0;
+}
+
 // Whether a paragraph has nothing of its own under its lines, so that they can be drawn one by one.
 bool IsPlain(const QTextBlock& block) {
-    return QTextCursor(block).currentFrame() == block.document()->rootFrame() &&
-           !block.blockFormat().hasProperty(QTextFormat::BackgroundBrush);
+    return IsInFlow(block) && !block.blockFormat().hasProperty(QTextFormat::BackgroundBrush);
 }
 
 // Draws the paragraph at the start of a piece if the piece begins within it, and gives where the rest of the
@@ -40,9 +45,7 @@ bool IsPlain(const QTextBlock& block) {
 double DrawPartedParagraph(QPainter& painter, const QTextDocument& document, const PrintPiece& piece) {
     const QTextBlock block = document.findBlock(piece.first);
     const QTextLayout& layout = *block.layout();
-    const bool isParted =
-        layout.lineCount() > 0 && layout.position().y() + layout.lineAt(0).y() < piece.top - kTouch;
-    if (!isParted || !IsPlain(block))
+    if (!IsPlain(block) || layout.position().y() + layout.lineAt(0).y() >= piece.top - kTouch)
         return piece.top;
     painter.setPen(Qt::black);
     for (int i = 0; i < layout.lineCount(); ++i) {
@@ -52,6 +55,24 @@ double DrawPartedParagraph(QPainter& painter, const QTextDocument& document, con
             line.draw(&painter, layout.position());
     }
     return document.documentLayout()->blockBoundingRect(block).bottom();
+}
+
+// Where the text of a piece is. What only touches it are the lines of the pages beside it; the border of a
+// table reaches over them.
+QRectF TextOf(const PrintPiece& piece, const QTextDocument& document, double width) {
+    double top = piece.top;
+    double bottom = piece.bottom;
+    const QAbstractTextDocumentLayout& layout = *document.documentLayout();
+    const QTextBlock first = document.findBlock(piece.first);
+    const QTextBlock before = first.previous();
+    // an empty paragraph beside a table stands within the height of the table
+    const auto hasText = [](const QTextBlock& block) { return block.length() > 1 && IsInFlow(block); };
+    if (before.isValid() && first.position() == piece.first && hasText(before))
+        top = std::max(top, layout.blockBoundingRect(before).bottom());
+    const QTextBlock behind = document.findBlock(piece.next);
+    if (piece.next == behind.position() && hasText(behind))
+        bottom = std::min(bottom, behind.layout()->position().y() + behind.layout()->lineAt(0).y());
+    return {0, top + kTouch, width, bottom - top - 2 * kTouch};
 }
 
 // Draws what of a piece is within `clip` from `top` on, each marker before its paragraph: who copies from a
@@ -72,8 +93,7 @@ void DrawInOrder(QPainter& painter, const QTextDocument& document, const PrintPi
     for (QTextBlock block = unmarked; block.isValid() && block.position() < piece.next;
          block = block.next()) {
         const QTextLayout& layout = *block.layout();
-        if (block.blockFormat().stringProperty(BulletText).isEmpty() || layout.lineCount() == 0 ||
-            !IsPlain(block))
+        if (block.blockFormat().stringProperty(BulletText).isEmpty() || !IsPlain(block))
             continue;
         const double first = layout.position().y() + layout.lineAt(0).y();
         if (first < top - kTouch)
@@ -200,9 +220,9 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
         painter.setClipRect(clip, Qt::IntersectClip);
         if (!piece.hidden.empty())
             painter.setClipRegion(Shown(clip, piece.hidden), Qt::IntersectClip);
-        // lines that only touch the piece are those of the pages beside it
-        const double top = DrawPartedParagraph(painter, *m_document, piece);
-        DrawInOrder(painter, *m_document, piece, clip.adjusted(0, kTouch, 0, -kTouch), top + kTouch);
+        const QRectF text = TextOf(piece, *m_document, width);
+        const double rest = DrawPartedParagraph(painter, *m_document, piece) + kTouch;
+        DrawInOrder(painter, *m_document, piece, text, std::max(rest, text.top()));
         painter.restore();
     }
     m_pieces.insert_or_assign(piece.next, piece);
