@@ -9,10 +9,10 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
-#include "platform/desktop/word_processor.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rtf_writer.h"
 #include "platform/services.h"
+#include "platform/word/word_processor.h"
 
 #include <QApplication>
 #include <QDir>
@@ -28,13 +28,23 @@ namespace {
 constexpr int kForms = 5000;
 
 QString Content(int number) {
-    QTextDocument document;
-    document.setPlainText(
-        QStringLiteral("No. %1. This deed of sale is made between the seller, of legal age, and "
-                       "the buyer, likewise of legal age.\n")
-            .arg(number)
-            .repeated(60));
-    return QString::fromLatin1(platform::WriteRtf(document));
+    static const QString form = [] {
+        QTextDocument document;
+        document.setPlainText(
+            QStringLiteral("No. NUMBER. This deed of sale is made between the seller, of legal "
+                           "age, and the buyer, likewise of legal age.\n")
+                .repeated(60));
+        return QString::fromLatin1(platform::WriteRtf(document));
+    }();
+    return QString(form).replace(QStringLiteral("NUMBER"), QString::number(number));
+}
+
+bool AddForm(platform::Recordset& rows, const QString& title, const QString& category,
+             const QString& subCategory, const QString& content) {
+    return rows.AddNew() && rows.SetField(QStringLiteral("Title"), title) &&
+           rows.SetField(QStringLiteral("Category"), category) &&
+           rows.SetField(QStringLiteral("SubCategory"), subCategory) &&
+           rows.SetField(QStringLiteral("Content"), content) && rows.Update();
 }
 
 // A program folder whose library holds the forms, spread evenly over `subCategories`.
@@ -47,15 +57,11 @@ public:
             QStringLiteral(";pwd=") + BuildLibraryPassword(), LibraryFileFormat(), LibraryTables());
         const auto rows = database->OpenRecordset(QStringLiteral("Forms"));
         database->BeginTrans();
-        for (int i = 0; i < kForms; ++i) {
-            rows->AddNew();
-            rows->SetField(QStringLiteral("Title"), QStringLiteral("Own Form No. %1").arg(i));
-            rows->SetField(QStringLiteral("Category"), QStringLiteral("My Forms"));
-            rows->SetField(QStringLiteral("SubCategory"),
-                           QStringLiteral("Sub-Category %1").arg(i % subCategories));
-            rows->SetField(QStringLiteral("Content"), Content(i));
-            rows->Update();
-        }
+        AddForm(*rows, QStringLiteral("Jurat"), QStringLiteral("Acknowledgment / Jurat"),
+                QStringLiteral("Jurats"), Content(0)); // the window starts with this category
+        for (int i = 0; i < kForms; ++i)
+            AddForm(*rows, QStringLiteral("Own Form No. %1").arg(i), QStringLiteral("My Forms"),
+                    QStringLiteral("Sub-Category %1").arg(i % subCategories), Content(i));
         database->IndexText(QStringLiteral("Forms"), QStringLiteral("Content"));
         database->CommitTrans();
     }

@@ -495,6 +495,20 @@ private Q_SLOTS:
         QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Heir's Waiver"_qs));
     }
 
+    void ASubCategoryWithAnApostropheListsTheTitlesReadBefore() {
+        std::vector<TestForm> forms = SomeForms();
+        forms.push_back(Own(u"First"_qs, u"Client's"_qs));
+        forms.push_back(Own(u"Second"_qs, u"Land"_qs));
+        Open(forms); // the statement for the titles is refused: those of the whole collection are in force
+        QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"First"_qs, u"Second"_qs}));
+        TestWindow::ClickEntry(Page().lstMySubCategory, 1);
+        QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Second"_qs));
+        TestWindow::ClickEntry(Page().lstMySubCategory, 0);
+        QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Second"_qs));
+        QCOMPARE(Pane().Text(), u"Text of Second"_qs);
+        QVERIFY(Box().shown.empty());
+    }
+
     void UnusualTitlesAndCategoriesAreKept_data() {
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("subCategory");
