@@ -93,8 +93,12 @@ void RtfFlow::EndRow(int level, std::shared_ptr<const RtfRowDefinition> definiti
     open.row = {};
 }
 
-void RtfFlow::Finish() {
-    Settle(0);
+void RtfFlow::Finish(bool cellsOnly) {
+    while (!m_open.empty()) {
+        if (cellsOnly)
+            m_open.back().cell.blocks.clear();
+        CloseTable();
+    }
 }
 
 // Closes and opens tables until `level`, held to what is honoured, is the open one; returns it.

@@ -101,8 +101,11 @@ public:
     // Ends the cell that the paragraphs of this level went into.
     void EndCell(int level);
     void EndRow(int level, std::shared_ptr<const RtfRowDefinition> definition);
-    // Gives the sink all that is still held. The open paragraph is left out: end it before when it counts.
-    void Finish();
+    // Whether a table has begun and nothing outside of it followed yet.
+    bool InTable() const { return !m_open.empty(); }
+    // Gives the sink all that is still held; of tables only whole cells with `cellsOnly`. The open paragraph
+    // is left out: end it before when it counts.
+    void Finish(bool cellsOnly);
 
 private:
     struct OpenTable {

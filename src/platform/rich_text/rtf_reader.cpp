@@ -436,7 +436,8 @@ void RtfReader::Finish() {
     FlushBytes();
     if (m_flow.HasText())
         EndParagraph();
-    m_flow.Finish();
+    // in a whole file, text of a row that no end of a cell follows is shown by no program
+    m_flow.Finish(m_done && !m_row.cells.empty());
     m_filler.Finish();
     SetDocumentFormat();
 }

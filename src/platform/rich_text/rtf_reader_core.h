@@ -189,9 +189,11 @@ private:
     void OnCell(const Word& word);
     void OnRow(const Word& word);
     int TableLevel(bool nested) const;
+    bool IsOutsideTables(bool nested) const;
 
     // rtf_reader_destinations.cpp: fonts, colours, styles, kept and skipped groups, objects
     void OnSkippedGroup(const Word& word);
+    void OnIgnoredRest(const Word& word);
     void OnTransparentGroup(const Word& word);
     void OnObjectResult(const Word& word);
     void OnKeptGroup(const Word& word);
@@ -222,6 +224,7 @@ private:
     void OnParagraphList(const Word& word);
     QString Marker();
     QString NextNumber(ListDefinition& list, int level);
+    QString NextOldNumber(const RtfOldList& list);
     ListDefinition* ListOf(int override);
 
     // rtf_reader_pictures.cpp
@@ -259,6 +262,8 @@ private:
 
     std::vector<Field> m_fields;
     RtfOldList m_oldList;
+    RtfOldList m_countedList; // of the paragraph before
+    int m_oldNumber = 0;
     QString m_marker;
     bool m_hasMarker = false;
     std::vector<ListDefinition> m_lists;

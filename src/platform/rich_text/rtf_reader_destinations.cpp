@@ -15,6 +15,13 @@ void RtfReader::OnSkippedGroup(const Word&) {
     SkipGroup();
 }
 
+// What stands behind the word in its group is for readers without nested tables; some programs open no group
+// for it.
+void RtfReader::OnIgnoredRest(const Word&) {
+    if (InBody())
+        m_state.destination = RtfDestination::Ignored;
+}
+
 // Groups whose content stands where they stand.
 void RtfReader::OnTransparentGroup(const Word&) {}
 

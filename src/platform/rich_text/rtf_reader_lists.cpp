@@ -28,6 +28,10 @@ ListKinds KindOfLevel(int levelNumberFormat) {
     }
 }
 
+bool IsBlank(const QString& marker) {
+    return std::all_of(marker.begin(), marker.end(), [](QChar character) { return character.isSpace(); });
+}
+
 } // namespace
 
 void RtfReader::OnOldListKind(const Word& word) {
@@ -92,15 +96,17 @@ RtfReader::ListDefinition* RtfReader::ListOf(int override) {
 QString RtfReader::Marker() {
     QString marker = std::exchange(m_marker, {});
     const bool shown = std::exchange(m_hasMarker, false);
-    RtfParaState& para = m_state.para;
-    if (para.list == 0 && !para.oldList.active)
-        return {};
+    const RtfParaState& para = m_state.para;
     QString counted;
     if (ListDefinition* list = ListOf(para.list))
         counted = NextNumber(*list, std::min(para.listLevel, 8));
-    else if (para.oldList.active && para.oldList.kind == static_cast<int>(ListKinds::Bullet))
-        counted = para.oldList.before;
-    if (!shown)
+    else if (para.oldList.active)
+        counted = NextOldNumber(para.oldList);
+    if (!para.oldList.active)
+        m_countedList = {};
+    if (para.list == 0 && !para.oldList.active)
+        return {};
+    if (!shown || IsBlank(marker)) // some programs leave the number to whoever reads
         return counted;
     while (marker.endsWith(u'\t') || marker.endsWith(u' '))
         marker.chop(1);
@@ -109,11 +115,30 @@ QString RtfReader::Marker() {
     return marker;
 }
 
+// Paragraphs of one list follow each other and tell the same of it.
+QString RtfReader::NextOldNumber(const RtfOldList& list) {
+    const auto kind = static_cast<ListKinds>(list.kind);
+    m_oldNumber = list == m_countedList ? std::min(m_oldNumber + 1, 1'000'000) : list.start;
+    m_countedList = list;
+    switch (kind) {
+    case ListKinds::None:
+        return {};
+    case ListKinds::Bullet:
+        return list.before;
+    default:
+        return list.before + ListNumberText(m_oldNumber, kind) + list.after;
+    }
+}
+
 QString RtfReader::NextNumber(ListDefinition& list, int level) {
     const auto index = static_cast<std::size_t>(level);
     list.counters[index] = std::min(list.counters[index] + 1, 1'000'000);
     std::fill(list.counters.begin() + level + 1, list.counters.end(), 0);
     const ListLevelDefinition& definition = list.levels[index];
+    const bool isNumbered = std::any_of(definition.text.begin(), definition.text.end(),
+                                        [](QChar character) { return character.unicode() <= 8; });
+    if (isNumbered && KindOfLevel(definition.kind) == ListKinds::Bullet)
+        return QStringLiteral("\u2022");
     QString marker;
     for (const QChar character : definition.text.left(64)) {
         if (character.unicode() > 8) {

@@ -70,10 +70,16 @@ int RtfReader::TableLevel(bool nested) const {
     return nested ? std::max(2, m_state.para.tableLevel) : 1;
 }
 
+// No row was told of, nor is the paragraph in one: then ends of cells mean nothing, those of rows a
+// paragraph's.
+bool RtfReader::IsOutsideTables(bool nested) const {
+    return !nested && !m_state.para.inTable && m_row.cells.empty() && !m_flow.InTable();
+}
+
 void RtfReader::OnCell(const Word& word) {
-    if (!InBody())
-        return;
     const bool nested = word.argument != 0;
+    if (!InBody() || IsOutsideTables(nested))
+        return;
     const RtfParaState saved = m_state.para;
     m_state.para.inTable = true;
     m_state.para.tableLevel = TableLevel(nested);
@@ -85,7 +91,13 @@ void RtfReader::OnCell(const Word& word) {
 void RtfReader::OnRow(const Word& word) {
     if (!InBody())
         return;
-    const int level = TableLevel(word.argument != 0);
+    const bool nested = word.argument != 0;
+    if (IsOutsideTables(nested)) {
+        if (m_flow.HasText())
+            EndParagraph();
+        return;
+    }
+    const int level = TableLevel(nested);
     if (m_flow.HasText())
         OnCell(word);
     if (!m_sharedRow)

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace quillbrook {
+
+// What became of a rich text file that was read, written, read again and written again.
+struct FileCheck {
+    bool isRichText = false;  // otherwise the file is refused, and nothing else is told
+    bool textStays = false;   // the second reading has the text of the first
+    bool formatsStay = false; // its runs, paragraphs, tables, pictures, fields and kept groups too
+    bool sourceStays = false; // the second writing is the first, byte for byte
+    QString difference;       // the first one, where something does not stay
+    double readMilliseconds = 0.0;
+    double allMilliseconds = 0.0; // both readings, both writings
+    QString shown;                // see ShownText()
+};
+
+FileCheck CheckRichText(const QByteArray& source);
+
+} // namespace quillbrook
