@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 
+#include "platform/rich_text/rich_text_file.h"
 #include "platform/rich_text/rich_text_plain.h"
 #include "platform/rich_text/rtf_reader.h"
 #include "platform/rich_text/rtf_writer.h"
@@ -10,16 +11,16 @@
 
 namespace quillbrook {
 
-FileCheck CheckRichText(const QByteArray& source) {
+FileCheck CheckFile(const QString& path) {
     FileCheck check;
     QElapsedTimer timer;
     const auto milliseconds = [&timer] { return double(timer.nsecsElapsed()) / 1e6; };
     timer.start();
-    const auto first = platform::ReadRtf(source);
+    const auto first = platform::ReadDocumentFile(path);
     check.readMilliseconds = milliseconds();
     if (!first)
         return check;
-    check.isRichText = true;
+    check.isRead = true;
     const QByteArray written = platform::WriteRtf(*first);
     const auto second = platform::ReadRtf(written);
     const QByteArray again = second ? platform::WriteRtf(*second) : QByteArray();

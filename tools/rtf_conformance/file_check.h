@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 
 namespace quillbrook {
 
-// What became of a rich text file that was read, written, read again and written again.
+// What became of a file that was read, written as rich text, read again and written again.
 struct FileCheck {
-    bool isRichText = false;  // otherwise the file is refused, and nothing else is told
+    bool isRead = false;      // otherwise the file is refused, and nothing else is told
     bool textStays = false;   // the second reading has the text of the first
     bool formatsStay = false; // its runs, paragraphs, tables, pictures, fields and kept groups too
     bool sourceStays = false; // the second writing is the first, byte for byte
@@ -17,6 +16,7 @@ struct FileCheck {
     QString shown;                // see ShownText()
 };
 
-FileCheck CheckRichText(const QByteArray& source);
+// Reads the file as the program does: what is no rich text is plain text.
+FileCheck CheckFile(const QString& path);
 
 } // namespace quillbrook

@@ -36,12 +36,9 @@ std::optional<QByteArray> Content(const QString& path) {
 
 // Checks one file in this process and tells what it found as JSON.
 ExitCode CheckHere(const QString& path) {
-    const std::optional<QByteArray> source = Content(path);
-    if (!source)
-        return WrongUsage;
-    const quillbrook::FileCheck check = quillbrook::CheckRichText(*source);
+    const quillbrook::FileCheck check = quillbrook::CheckFile(path);
     const QJsonObject found{
-        {QStringLiteral("rich"), check.isRichText},       {QStringLiteral("text"), check.textStays},
+        {QStringLiteral("isRead"), check.isRead},         {QStringLiteral("text"), check.textStays},
         {QStringLiteral("formats"), check.formatsStay},   {QStringLiteral("source"), check.sourceStays},
         {QStringLiteral("difference"), check.difference}, {QStringLiteral("read"), check.readMilliseconds},
         {QStringLiteral("all"), check.allMilliseconds},   {QStringLiteral("shown"), check.shown},
@@ -105,9 +102,9 @@ public:
             Row(name, {QStringLiteral("CRASH")}, 0.0);
             return;
         }
-        if (!found->value(u"rich").toBool()) {
+        if (!found->value(u"isRead").toBool()) {
             ++m_refused;
-            Row(name, {QStringLiteral("no rich text")}, found->value(u"read").toDouble());
+            Row(name, {QStringLiteral("refused")}, found->value(u"read").toDouble());
             return;
         }
         QStringList notes;
@@ -141,7 +138,7 @@ public:
             {"text is the other program's", m_other.Text()},
             {"no crash", m_survived.Text()},
             {"not above 1 s", m_fast.Text()},
-            {"no rich text, refused", QString::number(m_refused)},
+            {"refused, no text at all", QString::number(m_refused)},
         };
         Out() << '\n';
         for (const auto& [what, score] : lines)

@@ -1,12 +1,16 @@
 #include "rtf_conformance/shown_text.h"
 
+#include <QRegularExpression>
 #include <QSet>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
 #include <algorithm>
+#include <set>
+#include <vector>
 
 #include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_numbering.h"
 
 namespace quillbrook {
 namespace {
@@ -19,7 +23,8 @@ constexpr QStringView kComputedFields[] = {
     u"DATE",     u"TIME",     u"EDITTIME", u"SAVEDATE",     u"PRINTDATE",   u"CREATEDATE",  u"PAGE",
     u"NUMPAGES", u"SECTION",  u"PAGEREF",  u"SECTIONPAGES", u"NUMWORDS",    u"NUMCHARS",    u"FILENAME",
     u"FILESIZE", u"AUTHOR",   u"TITLE",    u"SUBJECT",      u"COMMENTS",    u"KEYWORDS",    u"LASTSAVEDBY",
-    u"TEMPLATE", u"USERNAME", u"REVNUM",   u"USERINITIALS", u"USERADDRESS", u"DOCPROPERTY",
+    u"TEMPLATE", u"USERNAME", u"REVNUM",   u"USERINITIALS", u"USERADDRESS", u"DOCPROPERTY", u"REF",
+    u"NOTEREF",  u"MERGEREC", u"AUTONUM",  u"AUTONUMLGL",   u"AUTONUMOUT",
 };
 
 // Markers of list items that programs choose differently, in the symbol font or out of it.
@@ -36,6 +41,7 @@ bool IsUnseen(QChar character) {
     case QChar::ByteOrderMark:
     case kComputedBegin:
     case kComputedEnd:
+    case kNumberBegin:
     case 0x200B: // of no width
     case 0x200C:
     case 0x200D:
@@ -54,16 +60,38 @@ bool IsOfSymbolFont(const QTextCharFormat& format) {
            family.endsWith(u"Dingbats");
 }
 
-QString NumberOf(const QTextBlockFormat& format) {
-    const bool isBullet = format.intProperty(platform::ListKind) == int(platform::ListKinds::Bullet);
-    return isBullet ? QString() : format.stringProperty(platform::BulletText);
+QString Computed(const QString& text) {
+    return text.isEmpty() ? text : QChar(kComputedBegin) + text + QChar(kComputedEnd);
 }
 
-bool IsFootnote(const QTextCharFormat& format) {
-    const QByteArray object = format.property(platform::EmbeddedObject).toByteArray();
-    return object.startsWith("{\\chftn") || object.startsWith("{\\footnote") ||
-           object.startsWith("{\\*\\footnote");
+// The number of a list item between its marks, nothing between them for other paragraphs. What has no letter
+// nor digit is a bullet.
+QString NumberOf(const QTextBlockFormat& format) {
+    const QString marker = format.stringProperty(platform::BulletText);
+    const bool isBullet = format.intProperty(platform::ListKind) == int(platform::ListKinds::Bullet) ||
+                          std::none_of(marker.begin(), marker.end(),
+                                       [](QChar character) { return character.isLetterOrNumber(); });
+    return QChar(kNumberBegin) + (isBullet ? QString() : marker) + QChar(kComputedEnd);
 }
+
+// The numbers of footnotes and endnotes.
+class Notes {
+public:
+    // What stands where a note is anchored; empty for a format of anything else.
+    QString Next(const QTextCharFormat& format) {
+        const QByteArray object = format.property(platform::EmbeddedObject).toByteArray();
+        if (!object.startsWith("{\\chftn") && !object.startsWith("{\\footnote") &&
+            !object.startsWith("{\\*\\footnote"))
+            return {};
+        return object.contains("\\ftnalt")
+                   ? platform::ListNumberText(++m_endnotes, platform::ListKinds::LowerRoman)
+                   : QString::number(++m_footnotes);
+    }
+
+private:
+    int m_footnotes = 0;
+    int m_endnotes = 0;
+};
 
 // The numbers of the fields that are worked out anew.
 QSet<int> ComputedFields(const QTextDocument& document) {
@@ -88,17 +116,48 @@ QString PlaceOfDifference(QStringView ours, QStringView theirs, qsizetype begin)
         .arg(ours.mid(from, length), theirs.mid(begin + from, length));
 }
 
-// The text between the computed results, folded.
-QStringList SettledPieces(const QString& shown) {
-    QStringList pieces;
-    qsizetype begin = 0;
-    for (qsizetype at = shown.indexOf(kComputedBegin); at >= 0; at = shown.indexOf(kComputedBegin, begin)) {
-        pieces.append(FoldedText(shown.mid(begin, at - begin)));
+enum class Gap { None, Number, Result };
+
+// Text that must be there, folded, and what may stand in front of it.
+struct Piece {
+    Gap gap = Gap::None;
+    QString text;
+};
+
+std::vector<Piece> Pieces(const QString& shown) {
+    std::vector<Piece> pieces(1);
+    for (qsizetype at = 0; at < shown.size(); ++at) {
+        const char16_t character = shown[at].unicode();
+        if (character != kComputedBegin && character != kNumberBegin) {
+            pieces.back().text.append(shown[at]);
+            continue;
+        }
+        pieces.push_back({character == kNumberBegin ? Gap::Number : Gap::Result, {}});
         const qsizetype end = shown.indexOf(kComputedEnd, at);
-        begin = end < 0 ? shown.size() : end + 1;
+        at = end < 0 ? shown.size() : end;
     }
-    pieces.append(FoldedText(shown.mid(begin)));
+    for (Piece& piece : pieces)
+        piece.text = FoldedText(piece.text);
     return pieces;
+}
+
+// How far a gap that begins at `at` may reach, every length that is possible.
+std::vector<qsizetype> GapLengths(Gap gap, const QString& text, qsizetype at) {
+    static const QRegularExpression number(
+        QStringLiteral(" ?\\(?(\\d{1,4}|[a-zA-Z]|[ivxlcdmIVXLCDM]{1,8})(\\.\\d{1,3})*[.)]?( |$)"));
+    std::vector<qsizetype> lengths{0};
+    if (gap == Gap::Result) {
+        for (qsizetype length = 1; length <= std::min(kLongResult, text.size() - at); ++length)
+            lengths.push_back(length);
+    } else if (gap == Gap::Number) {
+        if (text.mid(at, 1) == u" ")
+            lengths.push_back(1);
+        const auto match = number.match(text, at, QRegularExpression::NormalMatch,
+                                        QRegularExpression::AnchorAtOffsetMatchOption);
+        if (match.hasMatch())
+            lengths.push_back(match.capturedLength());
+    }
+    return lengths;
 }
 
 } // namespace
@@ -106,15 +165,15 @@ QStringList SettledPieces(const QString& shown) {
 QString ShownText(const QTextDocument& document) {
     const QSet<int> computed = ComputedFields(document);
     QString shown;
-    int footnotes = 0;
+    Notes notes;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         shown.append(NumberOf(block.blockFormat())).append(u' ');
         for (auto run = block.begin(); !run.atEnd(); ++run) {
             const QTextCharFormat format = run.fragment().charFormat();
-            if (IsFootnote(format))
-                shown.append(QString::number(++footnotes));
+            if (const QString note = notes.Next(format); !note.isEmpty())
+                shown.append(Computed(note));
             else if (computed.contains(format.intProperty(platform::FieldId)))
-                shown.append(kComputedBegin).append(run.fragment().text()).append(kComputedEnd);
+                shown.append(Computed(run.fragment().text()));
             else if (!IsOfSymbolFont(format))
                 shown.append(run.fragment().text());
         }
@@ -142,23 +201,29 @@ QString FoldedText(const QString& text) {
 }
 
 QString TextDifference(const QString& shown, const QString& theirs, ComputedResults computed) {
-    const QStringList pieces =
-        computed == ComputedResults::MayDiffer ? SettledPieces(shown) : QStringList{FoldedText(shown)};
+    const std::vector<Piece> pieces = computed == ComputedResults::MayDiffer
+                                          ? Pieces(shown)
+                                          : std::vector<Piece>{{Gap::None, FoldedText(shown)}};
     const QString folded = FoldedText(theirs);
-    qsizetype at = 0;
-    for (qsizetype i = 0; i < pieces.size(); ++i) {
-        const QString& piece = pieces[i];
-        const bool isLast = i + 1 == pieces.size();
-        qsizetype found = isLast && i > 0 ? std::max(at, folded.size() - piece.size()) : at;
-        if (i > 0 && !isLast)
-            found = folded.indexOf(piece, at);
-        const bool isThere =
-            found >= 0 && found - at <= kLongResult && QStringView(folded).sliced(found).startsWith(piece);
-        if (!isThere || (isLast && found + piece.size() != folded.size()))
-            return PlaceOfDifference(piece, folded, std::clamp<qsizetype>(found, at, folded.size()));
-        at = found + piece.size();
+    std::set<qsizetype> ends{0}; // where in the other text the pieces so far may end
+    for (const Piece& piece : pieces) {
+        std::set<qsizetype> next;
+        for (const qsizetype end : ends) {
+            for (const qsizetype length : GapLengths(piece.gap, folded, end)) {
+                const qsizetype begin = end + length;
+                const bool runsOn = piece.gap == Gap::Number && !piece.text.isEmpty() && begin > 0 &&
+                                    folded[begin - 1] != u' ';
+                if (!runsOn && QStringView(folded).sliced(begin).startsWith(piece.text))
+                    next.insert(begin + piece.text.size());
+            }
+        }
+        if (next.empty())
+            return PlaceOfDifference(piece.text, folded, *ends.begin());
+        ends = std::move(next);
     }
-    return {};
+    if (ends.contains(folded.size()))
+        return {};
+    return PlaceOfDifference({}, folded, *ends.rbegin());
 }
 
 } // namespace quillbrook

@@ -111,10 +111,17 @@ int RtfFlow::Settle(int level) {
     return level;
 }
 
-// A row without its end still counts; paragraphs that no cell's end followed stand behind the table.
+// A row without its end still counts; paragraphs that no cell's end followed stand behind the table, but for
+// empty ones, which only tell that no \\pard followed the last row.
 void RtfFlow::CloseTable() {
     OpenTable open = std::move(m_open.back());
     m_open.pop_back();
+    auto& pending = open.cell.blocks;
+    const bool isEmpty = std::all_of(pending.begin(), pending.end(), [](const RtfBlock& block) {
+        return !block.table && block.paragraph.text.isEmpty();
+    });
+    if (isEmpty && !open.table.rows.empty())
+        pending.clear();
     if (!open.row.cells.empty()) {
         if (!open.table.rows.empty())
             open.row.definition = open.table.rows.back().definition;

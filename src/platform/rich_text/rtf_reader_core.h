@@ -84,6 +84,8 @@ private:
         QString instruction;
         int hyperlink = 0;
         bool hasResult = false;
+        qsizetype paragraphs = 0; // what stood before it
+        qsizetype textLength = 0;
     };
 
     struct ListLevelDefinition {

@@ -71,12 +71,25 @@ char16_t SymbolOf(const QString& instruction) {
     return symbol < 0xF000 ? symbol : RtfDecoder::Of(1252).Character(static_cast<char>(byte));
 }
 
+// What a MACROBUTTON field shows: all behind the macro's name. Empty for any other field.
+QString ButtonTextOf(const QString& instruction) {
+    qsizetype at = 0;
+    if (NextArgument(instruction, at).compare(u"MACROBUTTON", Qt::CaseInsensitive) != 0)
+        return {};
+    NextArgument(instruction, at);
+    return instruction.mid(at).simplified();
+}
+
 } // namespace
 
 void RtfReader::OnField(const Word&) {
     if (!InBody() || m_fields.size() >= static_cast<std::size_t>(kMostFormats))
         return;
-    m_fields.push_back({});
+    FlushBytes();
+    Field field;
+    field.paragraphs = m_flow.Paragraphs();
+    field.textLength = m_flow.TextLength();
+    m_fields.push_back(field);
     m_state.field = static_cast<int>(m_fields.size());
     m_state.opensField = true;
 }
@@ -110,16 +123,18 @@ void RtfReader::EndFieldInstruction(const State& closed) {
     }
 }
 
-// Of the fields without a result only a symbol shows by itself.
+// Of the fields without a result only symbols and buttons show by themselves.
 void RtfReader::EndField(const State& closed) {
     const Field& field = m_fields[static_cast<std::size_t>(closed.field) - 1];
-    if (field.hasResult || !InBody())
+    const bool isEmpty = m_flow.Paragraphs() == field.paragraphs && m_flow.TextLength() == field.textLength;
+    if (!isEmpty || !InBody())
         return;
-    if (const char16_t symbol = SymbolOf(field.instruction); symbol != 0) {
-        const int outside = std::exchange(m_state.chars.field, closed.field);
+    const int outside = std::exchange(m_state.chars.field, closed.field);
+    if (const char16_t symbol = SymbolOf(field.instruction); symbol != 0 && !field.hasResult)
         AppendCharacter(symbol);
-        m_state.chars.field = outside;
-    }
+    else if (const QString text = ButtonTextOf(field.instruction); !text.isEmpty())
+        AppendText(text);
+    m_state.chars.field = outside;
 }
 
 } // namespace platform

@@ -4,6 +4,7 @@
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rtf_reader.h"
+#include "platform/rich_text/rtf_writer.h"
 
 using namespace platform;
 
@@ -127,6 +128,37 @@ private Q_SLOTS:
             ++depth;
         QCOMPARE(depth, 8);
         QVERIFY(document->toPlainText().contains(u"t40"));
+    }
+
+    // What stands in no cell that ended, of documents whole and cut.
+    void TextOfNoCellIsReadAsOtherProgramsShowIt_data() {
+        QTest::addColumn<QByteArray>("source");
+        QTest::addColumn<QString>("text");
+        const QByteArray row("{\\rtf1 x\\par\\trowd\\cellx900\\pard\\intbl a\\cell\\row ");
+        QTest::newRow("no end of a cell in a whole file") << row + "y\\par}" << u"x a"_qs;
+        QTest::newRow("no end of a cell before the cut") << row + "y" << u"x a y"_qs;
+        QTest::newRow("a paragraph outside follows") << row + "y\\par\\pard z}" << u"x a y z"_qs;
+        QTest::newRow("an empty paragraph behind the row") << row + "\\par\\pard z}" << u"x a z"_qs;
+        QTest::newRow("a nested row whose cell does not end")
+            << row + "b\\par{\\*\\nesttableprops\\trowd\\cellx500}\\itap2 c\\nestcell\\nestrow}" << u"x a"_qs;
+        QTest::newRow("in a table that no row tells of")
+            << QByteArray("{\\rtf1\\pard\\intbl a\\par b}") << u"a b"_qs;
+        QTest::newRow("end of a cell outside of tables") << QByteArray("{\\rtf1 a\\cell b\\par}") << u"ab"_qs;
+        QTest::newRow("end of a row outside of tables") << QByteArray("{\\rtf1 a\\row b\\par}") << u"a b"_qs;
+        QTest::newRow("row told behind its cells")
+            << QByteArray("{\\rtf1\\pard\\intbl a\\cell b\\cell\\trowd\\cellx9\\cellx18\\row}") << u"a b"_qs;
+        QTest::newRow("behind a word for readers without nested tables")
+            << QByteArray("{\\rtf1 a{\\nonesttables b\\par}c\\par\\nonesttables d\\par}") << u"ac"_qs;
+    }
+    void TextOfNoCellIsReadAsOtherProgramsShowIt() {
+        QFETCH(QByteArray, source);
+        QFETCH(QString, text);
+        const auto document = ReadRtf(source);
+        QVERIFY(document);
+        QCOMPARE(document->toPlainText().simplified(), text);
+        const auto again = ReadRtf(WriteRtf(*document));
+        QCOMPARE(WriteRtf(*again), WriteRtf(*document));
+        QCOMPARE(again->toPlainText(), document->toPlainText());
     }
 
     void BlocksOnlyQtNeedsAreFillers() {

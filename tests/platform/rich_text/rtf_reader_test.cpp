@@ -93,6 +93,13 @@ private Q_SLOTS:
         row("field's result", "a{\\field{\\*\\fldinst DATE}{\\fldrslt today}}b", u"atodayb"_qs);
         row("field without result", "a{\\field{\\*\\fldinst DATE}}b", u"ab"_qs);
         row("symbol field", "a{\\field{\\*\\fldinst SYMBOL 183 \\\\f \"Symbol\"}}b", u"a•b"_qs);
+        row("button field", "a{\\field{\\*\\fldinst MACROBUTTON Name [type here]}}b", u"a[type here]b"_qs);
+        row("button field with an empty result",
+            "a{\\field{\\*\\fldinst{MACROBUTTON Name}{ [x]}}{\\fldrslt }}b", u"a[x]b"_qs);
+        row("button field with a result", "a{\\field{\\*\\fldinst MACROBUTTON N y}{\\fldrslt z}}b",
+            u"azb"_qs);
+        row("button field without a text", "a{\\field{\\*\\fldinst MACROBUTTON Name}}b", u"ab"_qs);
+        row("known group that lost its mark", "a{*\\wgrffmtfilter 2450}b", u"a*b"_qs);
         row("field inside a field",
             "{\\field{\\*\\fldinst A}{\\fldrslt x{\\field{\\*\\fldinst B}{\\fldrslt y}}z}}", u"xyz"_qs);
         row("hidden text is kept", "a{\\v b}c", u"abc"_qs);
@@ -299,6 +306,24 @@ private Q_SLOTS:
         QTest::newRow("older bullets, not written")
             << QByteArray("{\\*\\pn\\pnlvlblt{\\pntxtb\\'95}}a\\par b\\par\\pard c\\par")
             << QStringList{u"•"_qs, u"•"_qs, QString()};
+        QTest::newRow("older numbers, not written")
+            << QByteArray(
+                   "{\\*\\pn\\pnlvlbody\\pndec\\pnstart3{\\pntxtb (}{\\pntxta )}}a\\par b\\par\\pard c\\par{"
+                   "\\*\\pn\\pnlvlbody\\pnlcltr{\\pntxta .}}d\\par")
+            << QStringList{u"(3)"_qs, u"(4)"_qs, QString(), u"a."_qs};
+        QTest::newRow("older numbers, written blank")
+            << QByteArray(
+                   "{\\pntext  \\tab}{\\*\\pn\\pnlvlbody\\pndec{\\pntxta .}}a\\par{\\pntext\\tab}b\\par")
+            << QStringList{u"1."_qs, u"2."_qs};
+        QTest::newRow("older list that goes on without a number")
+            << QByteArray("{\\pntext\\tab}{\\*\\pn\\pnlvlcont}a\\par") << QStringList{QString()};
+        QTest::newRow("list table, written blank")
+            << table + "\\ls1{\\listtext\\tab}a\\par" << QStringList{u"3."_qs};
+        QTest::newRow("bullet told as a number")
+            << QByteArray(
+                   "{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'02\\'05.;}}\\listid1}}"
+                   "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\ls1 a\\par")
+            << QStringList{u"•"_qs};
         QTest::newRow("list table, as written")
             << table + "\\ls1{\\listtext 9)\\tab}a\\par\\pard b\\par" << QStringList{u"9)"_qs, QString()};
         QTest::newRow("list table, counted")
