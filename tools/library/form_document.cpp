@@ -8,6 +8,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFrame>
+#include <algorithm>
+#include <utility>
 
 namespace quillbrook {
 namespace {
@@ -36,13 +38,19 @@ private:
             return AddTable(*table);
         if (m_afterTable)
             AddGap(false);
-        if (const auto* paragraph = std::get_if<Paragraph>(&block.content))
-            AddParagraph(ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next)),
+        const bool wasMarker = std::exchange(m_afterMarker, false);
+        if (const auto* paragraph = std::get_if<Paragraph>(&block.content)) {
+            m_afterMarker = IsMarker(paragraph->runs);
+            QTextBlockFormat format = ParagraphFormat(*paragraph, NeighboursOf(*paragraph, next));
+            if (wasMarker && !m_afterMarker) // a clause has no space below, but one above
+                format.setTopMargin(std::max(format.topMargin(), platform::TwipsToPixels(kLine)));
+            AddParagraph(format,
                          paragraph->kind == ParagraphClass::Sign ? FitSignatureLines(paragraph->runs)
                                                                  : paragraph->runs,
                          ParagraphTextFormat(paragraph->kind), block.newPage);
-        else
+        } else {
             AddList(std::get<List>(block.content), 0, block.newPage);
+        }
         if (next && std::holds_alternative<Table>(next->content)) { // the gap before the table is the space
             QTextBlockFormat flush;
             flush.setBottomMargin(0);
@@ -72,7 +80,8 @@ private:
         } else {
             m_cursor.insertBlock(format, text);
         }
-        for (const Run& run : runs)
+        const bool isJustified = format.alignment() == Qt::AlignJustify;
+        for (const Run& run : isJustified ? ShortenBlanks(runs) : runs)
             m_cursor.insertText(run.text, RunFormat(run, text));
         m_blockIsFree = false;
         m_afterTable = false;
@@ -82,8 +91,8 @@ private:
         const int listNumber = m_lists.Add(list);
         int number = list.start;
         for (const ListItem& item : list.items) {
-            AddParagraph(ListItemFormat(level, MarkerText(list, number++), listNumber), item.runs,
-                         TextFormat(), std::exchange(newPage, false));
+            AddParagraph(ListItemFormat(level, MarkerText(list, number++), listNumber),
+                         WithBoldBracket(item.runs), TextFormat(), std::exchange(newPage, false));
             for (const List& nested : item.nested)
                 AddList(nested, level + 1, false);
         }
@@ -128,6 +137,7 @@ private:
     ListTable m_lists;
     bool m_blockIsFree = true; // the cursor stands in an empty paragraph that is not of the form yet
     bool m_afterTable = false;
+    bool m_afterMarker = false;
 };
 
 } // namespace

@@ -11,7 +11,9 @@ namespace {
 
 using platform::TwipsToPixels;
 
-constexpr int kSignatureIndent = 4'680; // twips: 3.25 inches
+constexpr int kSignatureIndent = 4'320; // twips: 3 inches, where the clauses have theirs
+constexpr int kVenueBracket = 4'320;    // behind the lines of a venue
+constexpr qsizetype kLongestBlank = 20; // in justified text
 
 // A forced break in a justified paragraph would stretch the line before it in word processors.
 Qt::Alignment Justified(const Runs& runs) {
@@ -21,14 +23,19 @@ Qt::Alignment Justified(const Runs& runs) {
 // Whether clauses are added in place of the paragraph or, a lone blank at a form's top, in front of it. Each
 // of their lines becomes a paragraph of this one's format, so it has no space below.
 bool TakesClauses(const Runs& runs) {
-    const QString text = PlainText(runs);
-    return text == QChar(QChar::Nbsp) || std::find(kMarkers.begin(), kMarkers.end(), text) != kMarkers.end();
+    return PlainText(runs) == QChar(QChar::Nbsp) || IsMarker(runs);
 }
 
 void SetHanging(QTextBlockFormat& format, int left) {
     format.setLeftMargin(TwipsToPixels(left));
     format.setTextIndent(-TwipsToPixels(kHalfInch));
     format.setTabPositions({QTextOption::Tab(TwipsToPixels(kHalfInch), QTextOption::LeftTab)});
+}
+
+// "REPUBLIC OF THE PHILIPPINES )" above "_____ ) S.S.": the brackets stand below one another.
+bool IsVenue(const Runs& runs) {
+    static const QRegularExpression bracket(QStringLiteral("\\t *\\)"));
+    return PlainText(runs).contains(bracket);
 }
 
 void SetSpace(QTextBlockFormat& format, int before, int after) {
@@ -49,6 +56,28 @@ void SetSignature(const Paragraph& paragraph, const Neighbours& neighbours, QTex
         format.setLeftMargin(TwipsToPixels(kSignatureIndent));
     SetSpace(format, BeginsWithSignatureLine(paragraph.runs) ? kRoomToSign : 0,
              neighbours.continuesSignature ? 0 : kLine);
+}
+
+// The line with its blanks, if it is longer than `room`, shortened alike as far as that leaves them usable.
+QString FitSignatureLine(const QString& line, qsizetype room) {
+    static const QRegularExpression blank(QStringLiteral("_{10,}"));
+    qsizetype count = 0;
+    qsizetype text = line.size();
+    for (const QRegularExpressionMatch& match : blank.globalMatch(line)) {
+        ++count;
+        text -= match.capturedLength();
+    }
+    if (line.size() <= room || count == 0)
+        return line;
+    const qsizetype each = std::max<qsizetype>((room - text) / count, count == 1 ? 10 : 6);
+    QString fitted;
+    qsizetype at = 0;
+    for (const QRegularExpressionMatch& match : blank.globalMatch(line)) {
+        fitted += line.mid(at, match.capturedStart() - at);
+        fitted += QString(std::min(match.capturedLength(), each), u'_');
+        at = match.capturedEnd();
+    }
+    return fitted + line.mid(at);
 }
 
 } // namespace
@@ -113,6 +142,8 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
         format.setAlignment(Justified(paragraph.runs));
         if (TakesClauses(paragraph.runs))
             SetSpace(format, 0, 0);
+        if (IsVenue(paragraph.runs))
+            format.setTabPositions({QTextOption::Tab(TwipsToPixels(kVenueBracket), QTextOption::LeftTab)});
         break;
     case ParagraphClass::Center:
         format.setAlignment(Qt::AlignHCenter);
@@ -149,30 +180,40 @@ QTextBlockFormat ListItemFormat(int level, const QString& marker, int listNumber
     return format;
 }
 
+bool IsMarker(const Runs& runs) {
+    return std::find(kMarkers.begin(), kMarkers.end(), PlainText(runs)) != kMarkers.end();
+}
+
 bool IsSignature(ParagraphClass kind) {
     return kind == ParagraphClass::Sign || kind == ParagraphClass::SignLeft;
 }
 
 Runs FitSignatureLines(const Runs& runs) {
-    static const QRegularExpression blank(QStringLiteral("_{10,}"));
-    constexpr int kRoom =
+    constexpr qsizetype kRoom =
         (kTextWidth - kSignatureIndent) / kCharacterWidth; // characters, taken as wide as a blank's
-    constexpr qsizetype kShortest = 10;
     Runs fitted = runs;
     for (Run& run : fitted) {
         QStringList lines = run.text.split(QChar::LineSeparator);
-        for (QString& line : lines) {
-            const QRegularExpressionMatch match = blank.match(line);
-            if (line.size() > kRoom && match.hasMatch() &&
-                !blank.match(line, match.capturedEnd()).hasMatch()) {
-                const qsizetype left = kRoom - (line.size() - match.capturedLength());
-                line.replace(match.capturedStart(), match.capturedLength(),
-                             QString(std::clamp(left, kShortest, match.capturedLength()), u'_'));
-            }
-        }
+        for (QString& line : lines)
+            line = FitSignatureLine(line, kRoom);
         run.text = lines.join(QChar::LineSeparator);
     }
     return fitted;
+}
+
+Runs ShortenBlanks(const Runs& runs) {
+    static const QRegularExpression blank(QStringLiteral("(?<!_)_{%1,40}(?!_)").arg(kLongestBlank));
+    Runs shortened = runs;
+    for (Run& run : shortened)
+        run.text.replace(blank, QString(kLongestBlank, u'_'));
+    return shortened;
+}
+
+Runs WithBoldBracket(const Runs& runs) {
+    Runs same = runs;
+    if (same.size() > 1 && same[0].text == QStringLiteral("[") && same[1].bold)
+        same[0].bold = true;
+    return same;
 }
 
 bool BeginsWithSignatureLine(const Runs& runs) {

@@ -37,11 +37,22 @@ QTextBlockFormat ParagraphFormat(const Paragraph& paragraph, const Neighbours& n
 // `level` from 0.
 QTextBlockFormat ListItemFormat(int level, const QString& marker, int listNumber);
 
+// Whether a paragraph is the place of a clause and nothing else.
+bool IsMarker(const Runs& runs);
+
 bool IsSignature(ParagraphClass kind);
 
-// The runs of a signature block with the blanks that make a line too long for it shortened, where a line has
-// one.
+// The runs of a signature block with the blanks of a line that is too long for it shortened.
 Runs FitSignatureLines(const Runs& runs);
+
+// The same runs with blanks of ordinary length short enough that a justified line need not be stretched far
+// where the next blank does not fit into it. Blanks of more than 40 underscores are lines to write on and
+// stay.
+Runs ShortenBlanks(const Runs& runs);
+
+// The runs of an item whose bold heading stands in an alternative, its bracket bold too: an item's number is
+// set like its first letter.
+Runs WithBoldBracket(const Runs& runs);
 
 // Whether the first line is there to be signed on: it ends in a run of underscores.
 bool BeginsWithSignatureLine(const Runs& runs);

@@ -88,7 +88,7 @@ private Q_SLOTS:
                                << false;
         QTest::newRow("hang") << u"<p class=\"hang\">a<tab>b</p>"_qs << int(Qt::AlignLeft) << 0.5 << 0.0
                               << -0.5 << false << false;
-        QTest::newRow("sign") << u"<p class=\"sign\">a</p>"_qs << int(Qt::AlignLeft) << 3.25 << 0.0 << 0.0
+        QTest::newRow("sign") << u"<p class=\"sign\">a</p>"_qs << int(Qt::AlignLeft) << 3.0 << 0.0 << 0.0
                               << false << true;
         QTest::newRow("sign-left") << u"<p class=\"sign-left\">a</p>"_qs << int(Qt::AlignLeft) << 0.0 << 0.0
                                    << 0.0 << false << false;
@@ -223,8 +223,67 @@ private Q_SLOTS:
         const QString blank(30, u'_');
         const auto document =
             Made(u"<p class=\"sign\">%1<br>Office Address: %1<br>No. %1; %1</p>"_qs.arg(blank));
-        QCOMPARE(document->firstBlock().text(), blank + u"\u2028Office Address: "_qs + QString(17, u'_') +
-                                                    u"\u2028No. "_qs + blank + u"; "_qs + blank);
+        QCOMPARE(document->firstBlock().text(), blank + u"\u2028Office Address: "_qs + QString(20, u'_') +
+                                                    u"\u2028No. "_qs + QString(15, u'_') + u"; "_qs +
+                                                    QString(15, u'_'));
+    }
+
+    void ALineOfASignatureBlockKeepsWhatIsNoBlank_data() {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("fitted");
+        const auto blank = [](int length) { return QString(length, u'_'); };
+        QTest::newRow("it fits") << blank(36) << blank(36);
+        QTest::newRow("a short blank stays") << u"Commission No. %1; until 20_____"_qs.arg(blank(14))
+                                             << u"Commission No. %1; until 20_____"_qs.arg(blank(10));
+        QTest::newRow("three blanks")
+            << u"PTR No. %1; %1; %1"_qs.arg(blank(14)) << u"PTR No. %1; %1; %1"_qs.arg(blank(8));
+        QTest::newRow("no room at all") << QString(40, u'x') + blank(14) << QString(40, u'x') + blank(10);
+    }
+    void ALineOfASignatureBlockKeepsWhatIsNoBlank() {
+        QFETCH(QString, line);
+        QFETCH(QString, fitted);
+        const auto document = Made(u"<p class=\"sign\">%1</p>"_qs.arg(line));
+        QCOMPARE(document->firstBlock().text(), fitted);
+    }
+
+    void BlanksInJustifiedTextAreShortEnoughForALine_data() {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<int>("length");
+        QTest::addColumn<int>("set");
+        QTest::newRow("short") << u"p"_qs << 14 << 14;
+        QTest::newRow("long") << u"p"_qs << 30 << 20;
+        QTest::newRow("a line to write on") << u"p"_qs << 60 << 60;
+        QTest::newRow("not justified") << u"h1"_qs << 30 << 30;
+    }
+    void BlanksInJustifiedTextAreShortEnoughForALine() {
+        QFETCH(QString, tag);
+        QFETCH(int, length);
+        QFETCH(int, set);
+        const auto document = Made(u"<%1>a %2 b</%1>"_qs.arg(tag, QString(length, u'_')));
+        QCOMPARE(document->firstBlock().text(), u"a %1 b"_qs.arg(QString(set, u'_')));
+    }
+
+    void TheBracketsOfAVenueStandBelowOneAnother() {
+        const auto document = Made(
+            u"<p class=\"plain\">REPUBLIC<tab>)<br>_____<tab>) S.S.</p><p class=\"plain\">a<tab>b</p>"_qs);
+        const QList<QTextOption::Tab> tabs = document->firstBlock().blockFormat().tabPositions();
+        QCOMPARE(tabs.size(), 1);
+        QCOMPARE(tabs[0].position, 3 * kInch);
+        QVERIFY(document->lastBlock().blockFormat().tabPositions().isEmpty());
+    }
+
+    void ABoldHeadingInAnAlternativeHasItsBracketBold_data() {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<bool>("bold");
+        QTest::newRow("in an alternative") << u"[<b>Term.</b> One year.]"_qs << true;
+        QTest::newRow("bold") << u"<b>Term.</b> One year."_qs << true;
+        QTest::newRow("not bold") << u"[One <b>year</b>.]"_qs << false;
+    }
+    void ABoldHeadingInAnAlternativeHasItsBracketBold() {
+        QFETCH(QString, item);
+        QFETCH(bool, bold);
+        const auto document = Made(u"<ol><li>%1</li></ol>"_qs.arg(item));
+        QCOMPARE(document->firstBlock().begin().fragment().charFormat().fontWeight() == QFont::Bold, bold);
     }
 
     void ThereIsRoomAboveALineToSign() {
@@ -258,6 +317,13 @@ private Q_SLOTS:
         const QTextBlockFormat format = document->firstBlock().blockFormat();
         QCOMPARE(format.topMargin(), 0.0);
         QCOMPARE(format.bottomMargin() == 0, isPlace);
+    }
+
+    void WhatFollowsAPlaceOfAClauseHasSpaceAbove() {
+        const auto document =
+            Made(u"<p class=\"plain\">(JURAT)</p><p class=\"plain\">(EXPLANATION)</p><p>b</p>"_qs);
+        QCOMPARE(document->firstBlock().next().blockFormat().topMargin(), 0.0);
+        QCOMPARE(document->lastBlock().blockFormat().topMargin(), 16.0);
     }
 
     void BehindATableAtTheEndThereIsRoomToWrite() {
