@@ -54,6 +54,15 @@ wait_no_window() {
   return 1
 }
 
+# wait_file FILE [SECONDS]: waits until the file is there
+wait_file() {
+  for _ in $(seq $((${2:-30} * 5))); do
+    if [ -s "$1" ]; then return; fi
+    sleep 0.2
+  done
+  return 1
+}
+
 # settle: gives the program time to draw what the last step changed.
 settle() { sleep 0.6; }
 

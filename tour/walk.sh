@@ -88,8 +88,44 @@ settle
 picture_of "$main" 17-taken-back
 go_to 0
 
+# a form with tables, its paper, and its pages: printed by the program itself where no word processor is there
+click "$main" 340 257 # Sales
+click "$main" 480 122 # its first sub-category
+click "$main" 640 122 # the first title
+settle
+keys alt+f
+settle
+keys Down Down Down Return # Page Setup
+dialog=$(wait_window 'Page Setup') || fail "the page setup did not come"
+picture_of "$dialog" 18-page-setup
+click "$dialog" 85 110 # Custom Size
+picture_of "$dialog" 19-custom-size
+click "$dialog" 75 60 # Short
+keys Return
+wait_no_window 'Page Setup' || fail "the page setup stays"
+click "$main" 58 360 # the drop-down part of Print
+picture 20-print-menu
+keys Escape
+keys alt+f
+settle
+keys Down Down Down Down Down Return # Print Setup
+dialog=$(wait_window 'Print Setup') || fail "the printer setup did not come"
+keys p Tab s # PDF file, Short
+picture_of "$dialog" 21-printer-setup
+keys Return
+wait_no_window 'Print Setup' || fail "the printer setup stays"
+click "$main" 35 360 # Print
+wait_window '^Print$' >/dev/null || fail "printing was not asked about"
+keys alt+y
+wait_window 'PDF File' >/dev/null || fail "no name was asked for"
+write "$TOUR_FOLDER/printed.pdf"
+keys Return
+wait_no_window 'PDF File' || fail "the name is still asked for"
+wait_file "$TOUR_FOLDER/printed.pdf" || fail "nothing was printed"
+pages_of "$TOUR_FOLDER/printed.pdf" 22-printed
+
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 18-large
+picture_of "$main" 23-large
 
 close_program "$main"
