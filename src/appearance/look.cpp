@@ -65,6 +65,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
             background: %7; border: 1px solid %2; border-radius: 4px; padding: 4px 14px; min-width: 60px;
             color: %6;
         }
+        QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
         QDialog QPushButton:hover { background: %4; }
         QDialog QPushButton:focus { border-color: %3; }
         QDialog QPushButton:pressed { background: %2; }

@@ -127,7 +127,10 @@ QWidget* frmPageSetup::BuildOption(const PaperSize& size) {
         if (on && !m_showing)
             OptionClick(paper);
     });
-    connect(label, &HyperLabel::clicked, option, [option] { option->setChecked(true); });
+    connect(label, &HyperLabel::clicked, option, [option] {
+        option->setChecked(true);
+        option->setFocus(); // the keyboard goes on from there
+    });
     return row;
 }
 

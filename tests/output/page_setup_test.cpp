@@ -224,6 +224,7 @@ private Q_SLOTS:
             desk.Click(size.label);
             QVERIFY2(desk.Shows(size.paper), size.label);
             QVERIFY(desk.SizeIsEnabled(size.paper == Paper::Custom));
+            QCOMPARE(desk.Dialog()->focusWidget(), desk.Find<QWidget>(size.option));
         }
     }
 

@@ -27,6 +27,17 @@ Frame* MakeFrame(const QString& caption, const char* name) {
     return frame;
 }
 
+// The labels of both frames are of one width, so that the lists stand below each other.
+void AddRow(QFormLayout* form, const QString& caption, QWidget* list) {
+    auto* label = new QLabel(caption);
+    const QFontMetrics metrics = label->fontMetrics();
+    label->setMinimumWidth(std::max(metrics.horizontalAdvance(PrinterSetupDialog::tr("Name:")),
+                                    metrics.horizontalAdvance(PrinterSetupDialog::tr("Size:"))) +
+                           kGap / 2);
+    label->setBuddy(list);
+    form->addRow(label, list);
+}
+
 template <class Control>
 Control* Named(Control* control, const char* name, const QString& accessibleName) {
     control->setObjectName(QLatin1String(name));
@@ -90,7 +101,7 @@ QWidget* PrinterSetupDialog::BuildPrinter() {
     for (const InstalledPrinter& printer : m_printers)
         m_printer->addItem(printer.description.isEmpty() ? printer.name : printer.description);
     m_printer->addItem(tr("PDF file"));
-    form->addRow(tr("&Name:"), m_printer);
+    AddRow(form, tr("&Name:"), m_printer);
     return frame;
 }
 
@@ -101,7 +112,7 @@ QWidget* PrinterSetupDialog::BuildPaper() {
     form->setVerticalSpacing(kGap);
     m_paper = Named(new QComboBox, "cboPaper", tr("Paper size"));
     m_paper->setMinimumWidth(kListWidth);
-    form->addRow(tr("&Size:"), m_paper);
+    AddRow(form, tr("&Size:"), m_paper);
     m_portrait = Named(new QRadioButton(tr("&Portrait")), "optPortrait", tr("Portrait"));
     m_landscape = Named(new QRadioButton(tr("&Landscape")), "optLandscape", tr("Landscape"));
     auto* row = new QHBoxLayout;
