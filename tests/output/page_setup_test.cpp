@@ -137,7 +137,15 @@ private Q_SLOTS:
     }
 
     void LongIsThePaperOfEachStart() {
-        Desk desk;
+        {
+            Desk before;
+            before.Choose("mnuA4Size");
+            before.Type("txtTop", u"2"_qs);
+            before.window->close();
+        }
+        Desk desk; // nothing of it was kept
+        QCOMPARE(desk.Size(), u"8.5|13.0"_qs);
+        QCOMPARE(desk.Text("txtTop"), u"1.0"_qs);
         QVERIFY(desk.Shows(Paper::Long));
         QVERIFY(desk.SizeIsEnabled(false));
         QVERIFY(desk.MarginsAreEnabled());
