@@ -4,6 +4,7 @@
 #include "platform/desktop/message_box.h"
 #include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
+#include "platform/desktop/sound.h"
 #include "platform/services.h"
 #include "platform/word/word_processor.h"
 
@@ -21,10 +22,10 @@ int main(int argc, char* argv[]) {
     platform::CommonDialog commonDialog;
     platform::Printer printer(QStringLiteral("Quillbrook PRO"));
     platform::WordProcessor wordProcessor(QApplication::applicationDirPath());
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor};
+    platform::DesktopSound sound;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());
-    if (!program.Start())
-        return 0;
+    program.Start();
     return QApplication::exec();
 }

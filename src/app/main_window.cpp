@@ -1,11 +1,16 @@
 #include "app/main_window.h"
 
+#include "accessory/about_window.h"
+#include "accessory/accessory_commands.h"
 #include "accessory/author.h"
+#include "accessory/contact_window.h"
 #include "accessory/navigate_url.h"
 #include "app/left_toolbar.h"
 #include "app/menu_tree.h"
 #include "appearance/hover_caption.h"
 #include "appearance/icons.h"
+#include "appearance/theme_commands.h"
+#include "appearance/theme_dialog.h"
 #include "clauses/clause_chooser.h"
 #include "clauses/clause_commands.h"
 #include "editor/clipboard_commands.h"
@@ -96,6 +101,7 @@ frmMain::frmMain(platform::Services& services, const QString& executableFolder)
     , m_executableFolder(executableFolder)
     , m_store(m_variables) {
     setObjectName(QStringLiteral("frmMain"));
+    setAttribute(Qt::WA_StyledBackground);
     setWindowIcon(ProgramPicture());
     BuildFrame();
     BuildPages();
@@ -219,6 +225,13 @@ void frmMain::BuildCommands() {
                     [this] { return std::make_unique<frmJurat>(m_variables, this); });
     m_windows.Offer(QStringLiteral("frmVerification"),
                     [this] { return std::make_unique<frmVerification>(m_variables, this); });
+    themeCommands = new ThemeCommands(*this, m_state, m_store, m_windows, this);
+    m_windows.Offer(QStringLiteral("frmTheme"),
+                    [this] { return std::make_unique<frmTheme>(*themeCommands, m_store, this); });
+    accessoryCommands = new AccessoryCommands(*this, m_windows, this);
+    m_windows.Offer(QStringLiteral("frmAbout"), [this] { return std::make_unique<frmAbout>(this); });
+    m_windows.Offer(QStringLiteral("frmContact"),
+                    [this] { return std::make_unique<frmContact>(accessoryCommands->Pulse(), this); });
 }
 
 void frmMain::ConnectEditor() {

@@ -18,6 +18,7 @@ struct Services;
 
 namespace quillbrook {
 
+class AccessoryCommands;
 class CategoryBrowser;
 class ClauseCommands;
 class ClipboardCommands;
@@ -35,6 +36,7 @@ class PrintCommands;
 class SearchCommands;
 class SearchPage;
 class SpellingCommand;
+class ThemeCommands;
 class UndoCommands;
 class WordCommands;
 
@@ -92,6 +94,8 @@ public:
     SearchCommands* searchCommands;
     SpellingCommand* spellingCommand;
     WordCommands* wordCommands;
+    ThemeCommands* themeCommands;
+    AccessoryCommands* accessoryCommands;
     QFrame* Line1;
     QTimer* Timer4; // never runs
 

@@ -3,6 +3,7 @@
 #include "app/left_toolbar.h"
 #include "app/library_paths.h"
 #include "app/main_window.h"
+#include "appearance/theme_commands.h"
 #include "editor/edit_tool_bar.h"
 #include "library/category_browser.h"
 #include "library/library_format.h"
@@ -86,6 +87,10 @@ void frmMain::LoadPages() {
     m_txtMyContent->setText(QString());
     myFormsPage->DisplayMySubCategories();
     m_state.ThemeNumber = m_store.ReadThemeNumber().value_or(m_state.ThemeNumber);
+    themeCommands->TickWindowsDefault(m_state.ThemeNumber == kDefaultTheme);
+    m_state.ThemeLoading = true;
+    themeCommands->LoadTheme();
+    m_state.ThemeLoading = false;
     editToolBar->fmeEditToolBar->hide();
     SSTab->setTab(int(Tab::FormsExplorer));
     Move(SSTab, 1260, 50);
@@ -97,6 +102,7 @@ void frmMain::LoadPages() {
     platform::SetHeight(searchPage->fmeSearchResult, 435);
     searchPage->lstSearch->hide();
     m_state.SearchPaneTop = 2550;
+    themeCommands->FlattenControls();
     ResizeControls();
     searchPage->HideHitControls();
     LoadMyForms();

@@ -10,24 +10,31 @@ struct Services;
 namespace quillbrook {
 
 class frmMain;
+class frmSplash;
 
-// The start object, never seen: it names the help file and brings up the main window.
+// The start object, never seen: it names the help file and shows the splash window, which then has the main
+// window loaded and shown.
 class frmProgram {
 public:
     frmProgram(platform::Services& services, const QString& executableFolder);
     ~frmProgram();
 
-    // Loads and shows the main window. False when an earlier instance took over.
-    bool Start();
+    // Shows the splash and returns; the rest happens in the event loop.
+    void Start();
 
     const QString& HelpFile() const { return m_helpFile; }
-    frmMain* MainWindow() const { return m_mainWindow.get(); }
+    frmMain* MainWindow() const { return m_mainWindow.get(); } // null until the splash loads it
+    frmSplash* Splash() const { return m_splash.get(); } // null before the start and after the hand-over
 
 private:
+    void LoadMainWindow();
+    void HandOver();
+
     platform::Services& m_services;
     QString m_executableFolder;
     QString m_helpFile;
     std::unique_ptr<frmMain> m_mainWindow;
+    std::unique_ptr<frmSplash> m_splash;
 };
 
 } // namespace quillbrook

@@ -52,7 +52,8 @@ struct WindowState {
     bool NewFormMode = false;     // the My Forms page is composing a new form
     bool MyFormDisplayed = false; // the My Forms page shows a stored form
     int SearchPaneTop = 2550;     // twips; top of txtContent on the Search page
-    int ThemeNumber = 1;          // of the colour theme
+    int ThemeNumber = 1;          // of the colour theme at the start
+    bool ThemeLoading = false;    // the load sequence is applying it
     QString CurrentFilePath;      // of the file behind the document; empty when there is none
     QString CurrentFileTitle;     // its name after saving, its path in small letters after opening
     QString CurrentCategory = QStringLiteral("Acknowledgment / Jurat");

@@ -88,6 +88,16 @@ QIcon TogglePicture(const QString& name) {
     return PictureFromFile(QStringLiteral(":/icons/") + name + QStringLiteral(".svg"), true);
 }
 
+QPixmap SplashPixmap(const QSize& size, qreal scale) {
+    LoadAssets();
+    QPixmap drawn(size * scale);
+    QPainter painter(&drawn);
+    QSvgRenderer(QStringLiteral(":/splash.svg")).render(&painter, QRectF(QPointF(), drawn.size()));
+    painter.end();
+    drawn.setDevicePixelRatio(scale);
+    return drawn;
+}
+
 QIcon ProgramPicture() {
     return PictureFromFile(QStringLiteral(":/quillbrook.svg"));
 }

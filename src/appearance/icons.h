@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QPixmap>
 #include <QString>
 
 namespace quillbrook {
@@ -15,5 +16,8 @@ QIcon TogglePicture(const QString& name);
 
 // The program's picture for the window list and the desktop.
 QIcon ProgramPicture();
+
+// The picture of the splash window, in this size in device-independent pixels for a screen of this scale.
+QPixmap SplashPixmap(const QSize& size, qreal scale);
 
 } // namespace quillbrook

@@ -1,8 +1,10 @@
 #include "appearance/look.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFontInfo>
 #include <QPalette>
+#include <QScopedValueRollback>
 #include <QStyleFactory>
 
 namespace quillbrook {
@@ -58,9 +60,13 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton[kind="toggle"] { padding: 0px 4px; }
         platform--MyButton#btnImport { padding: 2px; }
         platform--MyButton#btnMyForms { border-color: %2; padding: 1px 8px; }
-        platform--MyButton#OKButton { background: %3; border-color: %3; color: white; }
-        platform--MyButton#OKButton:hover { background: %10; border-color: %10; }
-        platform--MyButton#OKButton:focus { border-color: %6; }
+        platform--MyButton#OKButton, platform--MyButton[default="true"] {
+            background: %3; border-color: %3; color: white;
+        }
+        platform--MyButton#OKButton:hover, platform--MyButton[default="true"]:hover {
+            background: %10; border-color: %10;
+        }
+        platform--MyButton#OKButton:focus, platform--MyButton[default="true"]:focus { border-color: %6; }
         QDialog QPushButton {
             background: %7; border: 1px solid %2; border-radius: 4px; padding: 4px 14px; min-width: 60px;
             color: %6;
@@ -73,18 +79,19 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         QDialog QPushButton:default { background: %3; border-color: %3; color: white; }
         QDialog QPushButton:default:hover { background: %10; border-color: %10; }
         QDialog QPushButton:default:focus { border-color: %6; }
-        platform--ListBox {
-            background: %7; border: 1px solid %2; border-radius: 4px; outline: none; padding: 2px; color: %6;
-        }
+        platform--ListBox, platform--RichTextBox { border: 2px inset %2; }
+        platform--ListBox { background: %7; outline: none; padding: 2px; color: %6; }
+        platform--ListBox[edge="flat"] { border: 1px solid %2; border-radius: 4px; }
         platform--ListBox:focus { border-color: %3; }
         platform--ListBox::item { border-radius: 3px; padding: 2px 4px; }
-        platform--ListBox::item:hover { background: %4; color: %6; }
+        platform--ListBox::item:hover { background: rgba(47, 111, 222, 36); }
         platform--ListBox::item:selected { background: %3; color: white; }
-        platform--RichTextBox { background: %7; border: 1px solid %2; border-radius: 2px; }
+        platform--RichTextBox { background: %7; }
+        platform--RichTextBox[edge="flat"] { border: 1px solid %2; border-radius: 2px; }
         platform--RichTextBox:focus { border-color: %3; }
-        platform--RichTextBox#txtMyContent { border: 2px inset %2; }
         QRadioButton { border: 1px solid transparent; border-radius: 4px; padding: 1px; }
         QRadioButton:focus { border-color: %3; }
+        QFrame#fmeEditToolBar { background: %1; border: 1px solid %2; border-radius: 6px; }
         QWidget#picLeftToolbar { background: %1; border-right: 1px solid %2; }
         QWidget#StatusBar1 { background: %1; border-top: 1px solid %2; }
         QWidget#StatusBar1 QPushButton {
@@ -93,8 +100,13 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         QWidget#StatusBar1 QPushButton:hover { background: %4; border-color: %2; }
         QWidget#StatusBar1 QPushButton:focus { border-color: %3; }
         QLabel#lblQuillbrook, QLabel#lblSearch, QLabel#lblFavorites, QLabel#lblHistory {
-            font-size: %8pt; font-weight: 600; color: %6; padding-left: 2px;
+            font-size: %8pt; font-weight: 600;
         }
+        platform--PageLabel { qproperty-ground: %1; qproperty-edge: %2; color: %6; padding: 0px 8px; }
+        QDialog#frmTheme platform--MyButton[default="true"] { border-color: %7; }
+        QLabel#lblTheme { font-size: %8pt; }
+        QWidget#picCredits1 { background: #1f2735; }
+        QLabel#lblTitle { font-size: %8pt; font-weight: 600; }
     )")
         .arg(Hex(Mix(ground, paper, 0.35)), Hex(Mix(ground, ink, 0.22)), Hex(accent),
              Hex(Mix(paper, accent, 0.12)), Hex(Mix(ground, ink, 0.66)), Hex(ink), Hex(paper),
@@ -102,19 +114,53 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
              Hex(Mix(accent, ink, 0.15)));
 }
 
-} // namespace
-
-void ApplyLook(QApplication& application) {
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QPalette palette = application.palette();
+// The desktop's palette with the program's accent.
+QPalette WithAccent(QPalette palette) {
     palette.setColor(QPalette::Highlight, QColor(kAccent));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, Mix(QColor(kAccent), palette.color(QPalette::WindowText), 0.15));
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
                      Mix(palette.color(QPalette::Base), QColor(kAccent), 0.3));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, palette.color(QPalette::Text));
-    application.setPalette(palette);
-    application.setStyleSheet(StyleRules(palette, application.font()));
+    return palette;
+}
+
+// Takes the rules and the accent along when the desktop changes its colours while the program runs.
+class LookKeeper final : public QObject {
+public:
+    explicit LookKeeper(QApplication& application)
+        : QObject(&application)
+        , m_application(application) {
+        Renew();
+        application.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &m_application && event->type() == QEvent::ApplicationPaletteChange && !m_renewing)
+            Renew();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void Renew() {
+        const QScopedValueRollback busy(m_renewing, true);
+        const QPalette palette = WithAccent(QApplication::palette());
+        const QString rules = StyleRules(palette, QApplication::font());
+        if (palette != QApplication::palette())
+            QApplication::setPalette(palette);
+        if (rules != m_application.styleSheet())
+            m_application.setStyleSheet(rules);
+    }
+
+    QApplication& m_application;
+    bool m_renewing = false;
+};
+
+} // namespace
+
+void ApplyLook(QApplication& application) {
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    new LookKeeper(application); // owned by the application
 }
 
 } // namespace quillbrook

@@ -21,6 +21,7 @@ constexpr int kControlHeight = 28;
 constexpr int kUpperTop = 3;
 constexpr int kLowerTop = 36;
 constexpr int kPitch = 32;
+constexpr int kInset = 6;     // of the first control of a row
 constexpr int kGroupGap = 12; // between groups of buttons that belong together
 
 // Places controls one after the other along a row.
@@ -58,7 +59,7 @@ public:
 private:
     QWidget* m_bar;
     int m_top;
-    int m_left = 0;
+    int m_left = kInset;
 };
 
 } // namespace

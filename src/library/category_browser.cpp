@@ -12,6 +12,7 @@
 #include "platform/controls/hyper_label.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
+#include "platform/controls/page_label.h"
 #include "platform/controls/ss_tab.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
@@ -66,7 +67,9 @@ CategoryBrowser::CategoryBrowser(QWidget* page, Workbench& workbench, WindowStat
 }
 
 void CategoryBrowser::BuildHeading(QWidget* page) {
-    lblQuillbrook = new QLabel(tr("Forms Explorer"), page);
+    auto* heading = new platform::PageLabel(tr("Forms Explorer"), page);
+    heading->setGroundWidth(kUsableWidth);
+    lblQuillbrook = heading;
     lblQuillbrook->setObjectName(QStringLiteral("lblQuillbrook"));
     lblQuillbrook->ensurePolished();
     PlaceOnPage(lblQuillbrook, kLeft, kHeadingTop, kUsableWidth, kHeadingHeight);

@@ -3,6 +3,7 @@
 #include "appearance/icons.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
+#include "platform/controls/page_label.h"
 #include "platform/controls/ss_tab.h"
 
 #include <QLabel>
@@ -21,7 +22,8 @@ constexpr int kListHeight = 66;
 constexpr int kButtonWidth = 96;
 
 QLabel* BuildListPageHeading(QWidget* page, const char* name, const QString& caption) {
-    auto* label = new QLabel(caption, page);
+    auto* label = new platform::PageLabel(caption, page);
+    label->setGroundWidth(kUsableWidth);
     label->setObjectName(QLatin1String(name));
     PlaceOnPage(label, kLeft, kHeadingTop, kUsableWidth, kHeadingHeight);
     return label;

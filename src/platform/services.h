@@ -123,6 +123,13 @@ public:
     virtual std::unique_ptr<WordApplication> CreateWordApplication(QWidget* window) = 0;
 };
 
+class SoundService {
+public:
+    virtual ~SoundService() = default;
+
+    virtual void Beep() = 0; // the system's beep
+};
+
 // References to one of each; they outlive every window.
 struct Services {
     MessageBoxService& messageBox;
@@ -130,6 +137,7 @@ struct Services {
     CommonDialogService& commonDialog;
     PrinterService& printer;
     WordProcessorService& wordProcessor;
+    SoundService& sound;
 };
 
 } // namespace platform

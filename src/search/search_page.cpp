@@ -5,6 +5,7 @@
 #include "platform/controls/frame.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
+#include "platform/controls/page_label.h"
 #include "platform/controls/ss_tab.h"
 #include "search/query_box.h"
 #include "search/result_blink.h"
@@ -34,8 +35,8 @@ constexpr int kResultTop = 134;
 constexpr int kResultWidth = 420;
 constexpr int kHitsLeft = 436;
 
-QLabel* MakeLabel(QWidget* page, const char* name, const QString& text) {
-    auto* label = new QLabel(text, page);
+platform::PageLabel* MakeLabel(QWidget* page, const char* name, const QString& text) {
+    auto* label = new platform::PageLabel(text, page);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     return label;
@@ -52,7 +53,9 @@ QRadioButton* MakeOption(QWidget* frame, const char* name, const char* caption, 
 
 SearchPage::SearchPage(QWidget* page)
     : QObject(page) {
-    lblSearch = MakeLabel(page, "lblSearch", tr("Advanced Search"));
+    platform::PageLabel* heading = MakeLabel(page, "lblSearch", tr("Advanced Search"));
+    heading->setGroundWidth(kQueryWidth);
+    lblSearch = heading;
     PlaceOnPage(lblSearch, kLeft, kHeadingTop, kQueryWidth, kHeadingHeight);
     lblSearchGuide = MakeLabel(page, "lblSearchGuide", QString());
     PlaceOnPage(lblSearchGuide, kRightLeft, kQueryTop + 4, kRightWidth, 18);

@@ -26,8 +26,9 @@ private Q_SLOTS:
         TestWindow window;
         const LeftToolbar& bar = *window->leftToolbar;
         int top = -1;
-        for (const platform::MyButton* button : {bar.btnSave, bar.AddVerification, bar.cmdAddJurat, bar.btnSpellCheck,
-                                                 bar.btnEditMSWord, bar.btnPrint, bar.btnHelp}) {
+        for (const platform::MyButton* button :
+             {bar.btnSave, bar.AddVerification, bar.cmdAddJurat, bar.btnSpellCheck, bar.btnEditMSWord,
+              bar.btnPrint, bar.btnHelp}) {
             QVERIFY(button->y() > top);
             top = button->y();
             QVERIFY(!button->toolTip().isEmpty());
@@ -48,7 +49,8 @@ private Q_SLOTS:
         QVERIFY(window.Show());
         auto* control = window->findChild<platform::MyButton*>(button);
         QSignalSpy clicks(control, &platform::MyButton::Click);
-        QTest::mouseClick(control, Qt::LeftButton, Qt::NoModifier, {control->width() - 4, control->height() / 2});
+        QTest::mouseClick(control, Qt::LeftButton, Qt::NoModifier,
+                          {control->width() - 4, control->height() / 2});
         QMenu* popUp = window->menuTree->Menu(menu);
         QTRY_VERIFY(popUp->isVisible());
         QCOMPARE(clicks.size(), 0);
@@ -94,15 +96,24 @@ private Q_SLOTS:
         QVERIFY(window.Show());
         QSignalSpy contact(window->Menu(u"mnuContact"_qs), &QAction::triggered);
         QSignalSpy about(window->Menu(u"mnuAbout"_qs), &QAction::triggered);
+        const auto closeWhatComes = [] {
+            QTimer::singleShot(0, qApp, [] {
+                if (QWidget* modal = QApplication::activeModalWidget())
+                    modal->close();
+            });
+        };
+        closeWhatComes();
         QTest::mouseClick(window->StatusBar1->Panel(1), Qt::LeftButton);
         QCOMPARE(contact.size(), 1);
+        closeWhatComes();
         QTest::mouseClick(window->StatusBar1->Panel(3), Qt::LeftButton);
         QCOMPARE(about.size(), 1);
     }
 
     void TheTimersHaveTheirIntervalsAndStandStill() {
         TestWindow window;
-        const QList<std::pair<QString, int>> timers{{u"Timer1"_qs, 300}, {u"Timer2"_qs, 5000}, {u"Timer4"_qs, 3000}};
+        const QList<std::pair<QString, int>> timers{
+            {u"Timer1"_qs, 300}, {u"Timer2"_qs, 5000}, {u"Timer4"_qs, 3000}};
         for (const auto& [name, interval] : timers) {
             const auto* timer = window->findChild<QTimer*>(name);
             QVERIFY2(timer, qPrintable(name));

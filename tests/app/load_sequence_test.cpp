@@ -1,4 +1,3 @@
-#include "app/program.h"
 #include "editor/edit_tool_bar.h"
 #include "library/category_browser.h"
 #include "library/history_page.h"
@@ -284,16 +283,6 @@ private Q_SLOTS:
         QVERIFY(database);
         database->Close();
         ComesUpEmpty(library);
-    }
-
-    void TheStartObjectNamesTheHelpFileBesideTheProgram() {
-        TestLibrary library(SomeForms());
-        ScriptedServices services;
-        frmProgram program(services.services, library.Folder());
-        QCOMPARE(program.HelpFile(), library.Folder() + u"/Help.chm"_qs);
-        QVERIFY(program.Start());
-        QVERIFY(program.MainWindow()->isVisible());
-        program.MainWindow()->Store().CloseLibrary();
     }
 
     void EachStartBeginsOnTheFirstPageAgain() {

@@ -140,11 +140,19 @@ protected:
     QMarginsF PdfBorder() const override { return border; }
 };
 
+class CountedSound final : public platform::SoundService {
+public:
+    void Beep() override { ++beeps; }
+
+    int beeps = 0;
+};
+
 struct ScriptedServices {
     ScriptedMessageBox messageBox;
     ScriptedInstance instance;
     ScriptedCommonDialog commonDialog;
     ScriptedPrinter printer;
     RecordingWord wordProcessor;
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor};
+    CountedSound sound;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
 };

@@ -21,6 +21,11 @@ HyperLabel::HyperLabel(const QString& caption, const QUrl& target, QWidget* pare
     });
 }
 
+void HyperLabel::setColors(const Colors& colors) {
+    m_colors = colors;
+    update();
+}
+
 QSize HyperLabel::sizeHint() const {
     const QFontMetrics metrics = fontMetrics();
     return {metrics.horizontalAdvance(text()) + 8, metrics.height() + 6};
@@ -31,7 +36,10 @@ void HyperLabel::paintEvent(QPaintEvent*) {
     QFont shown = font();
     shown.setUnderline(underMouse());
     painter.setFont(shown);
-    painter.setPen(palette().color(QPalette::Link));
+    if (m_colors.ground.isValid())
+        painter.fillRect(rect(), m_colors.ground);
+    const QColor& ink = underMouse() ? m_colors.textUnderMouse : m_colors.text;
+    painter.setPen(ink.isValid() ? ink : palette().color(QPalette::Link));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextHideMnemonic, text());
     if (hasFocus()) {
         QStyleOptionFocusRect option;

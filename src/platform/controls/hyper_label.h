@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QColor>
 #include <QUrl>
 
 namespace platform {
@@ -15,7 +16,16 @@ public:
     explicit HyperLabel(const QString& caption, QWidget* parent = nullptr)
         : HyperLabel(caption, QUrl(), parent) {}
 
+    // An invalid colour is that of the look; an invalid ground lets what lies below show through.
+    struct Colors {
+        QColor ground;
+        QColor text;
+        QColor textUnderMouse;
+    };
+
     QUrl Target() const { return m_target; }
+    const Colors& colors() const { return m_colors; }
+    void setColors(const Colors& colors);
     QSize sizeHint() const override;
 
 protected:
@@ -26,6 +36,7 @@ protected:
 
 private:
     QUrl m_target;
+    Colors m_colors;
 };
 
 } // namespace platform

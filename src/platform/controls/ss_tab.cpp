@@ -10,6 +10,7 @@ SSTab::SSTab(QWidget* parent)
     : QWidget(parent)
     , m_strip(new QTabBar(this))
     , m_pages(new QStackedWidget(this)) {
+    setAttribute(Qt::WA_StyledBackground);
     m_strip->setObjectName(QStringLiteral("tabStrip"));
     m_strip->setDrawBase(false);
     m_strip->setExpanding(false);

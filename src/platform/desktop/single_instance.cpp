@@ -59,10 +59,9 @@ void SingleInstance::Answer() {
             const bool found = m_window && title == m_title;
             socket->write(found ? "found\n" : "none\n");
             socket->flush();
-            if (!found)
+            if (!found || !m_window->isVisible()) // one that is still being loaded shows itself in its time
                 return;
             m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-            m_window->show();
             m_window->raise();
             m_window->activateWindow();
         });

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/services.h"
+
+namespace platform {
+
+class DesktopSound final : public SoundService {
+public:
+    void Beep() override;
+};
+
+} // namespace platform

@@ -1,0 +1,140 @@
+// The start: the splash, the load of the main window behind it, and the hand-over.
+#include "accessory/splash_window.h"
+#include "app/main_window.h"
+#include "app/program.h"
+#include "library/category_browser.h"
+#include "platform/controls/list_box.h"
+#include "tests/support/scripted_services.h"
+#include "tests/support/test_library.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+    // What a start showed, until the hand-over.
+    struct Watched {
+        QStringList captions; // of the splash, the first one included
+        QStringList captionsWithMainWindow;
+        qint64 lastCaptionAt = 0; // ms
+        qint64 mainWindowAt = 0;
+    };
+
+    static Watched Run(frmProgram& program) {
+        Watched watched;
+        QElapsedTimer clock;
+        clock.start();
+        program.Start();
+        frmSplash* splash = program.Splash();
+        watched.captions.append(splash->windowTitle());
+        QObject::connect(splash, &QWidget::windowTitleChanged, splash, [&](const QString& caption) {
+            watched.captions.append(caption);
+            watched.lastCaptionAt = clock.elapsed();
+            if (program.MainWindow() && program.MainWindow()->isVisible())
+                watched.captionsWithMainWindow.append(caption);
+        });
+        [&] { QTRY_VERIFY_WITH_TIMEOUT(!program.Splash(), 20000); }();
+        watched.mainWindowAt = clock.elapsed();
+        return watched;
+    }
+
+private Q_SLOTS:
+    void TheStartObjectNamesTheHelpFileBesideTheProgram() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        const frmProgram program(services.services, library.Folder());
+        QCOMPARE(program.HelpFile(), library.Folder() + u"/Help.chm"_qs);
+        QVERIFY(!program.MainWindow());
+    }
+
+    void TheSplashIsShownFirstAndTheMainWindowIsNotEvenLoaded() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        frmProgram program(services.services, library.Folder());
+        program.Start();
+        QVERIFY(program.Splash()->isVisible());
+        QVERIFY(!program.MainWindow());
+        QCOMPARE(services.sound.beeps, 1);
+    }
+
+    void TheDotsRunThroughTheirTextsAndTheMainWindowFollows() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        frmProgram program(services.services, library.Folder());
+        const Watched watched = Run(program);
+        QStringList texts{QLatin1String(kSplashCaption)};
+        for (const SplashStep& step : kSplashSteps)
+            texts.append(QLatin1String(step.caption));
+        QCOMPARE(watched.captions, texts);
+        QVERIFY(watched.captionsWithMainWindow.isEmpty());
+        QVERIFY2(watched.mainWindowAt - watched.lastCaptionAt >= 45, // a timer of 50 ms, as the clock sees it
+                 qPrintable(QString::number(watched.mainWindowAt - watched.lastCaptionAt)));
+        QVERIFY(program.MainWindow()->isVisible());
+        QCOMPARE(program.MainWindow()->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+        QCOMPARE(services.sound.beeps, 1);
+        program.MainWindow()->Store().CloseLibrary();
+    }
+
+    void AfterTheHandOverNoSplashIsLeft() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        frmProgram program(services.services, library.Folder());
+        program.Start();
+        const QPointer<frmSplash> splash = program.Splash();
+        QTRY_VERIFY_WITH_TIMEOUT(!program.Splash(), 20000);
+        QVERIFY(!splash || !splash->isVisible());
+        QTRY_VERIFY(!splash);
+        // nor does the exit bring one up
+        QVERIFY(program.MainWindow()->close());
+        QVERIFY(program.MainWindow()->Windows().Loaded().isEmpty());
+        QCOMPARE(services.sound.beeps, 1);
+    }
+
+    void TheListOfTitlesHasTheKeyboard() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        frmProgram program(services.services, library.Folder());
+        Run(program);
+        QVERIFY(QTest::qWaitForWindowActive(program.MainWindow()));
+        QVERIFY(program.MainWindow()->categoryBrowser->lstTitle->hasFocus());
+        program.MainWindow()->Store().CloseLibrary();
+    }
+
+    void ALoadThatFailsHandsOverAllTheSame_data() {
+        QTest::addColumn<bool>("noFile");
+        QTest::newRow("no library") << true;
+        QTest::newRow("one without forms") << false;
+    }
+    void ALoadThatFailsHandsOverAllTheSame() {
+        QFETCH(bool, noFile);
+        const TestLibrary library(std::vector<TestForm>{});
+        QTemporaryDir nothing;
+        ScriptedServices services;
+        frmProgram program(services.services, noFile ? nothing.path() : library.Folder());
+        const Watched watched = Run(program);
+        QCOMPARE(watched.captions.size(), 10);
+        QVERIFY(program.MainWindow()->isVisible());
+        QCOMPARE(program.MainWindow()->categoryBrowser->lstSubCategory->ListCount(), 0);
+        QVERIFY(services.messageBox.shown.empty());
+    }
+
+    void WhenAnEarlierInstanceTakesOverNoMainWindowComes() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        services.instance.earlierInstance = true;
+        services.instance.titleOfEarlierWindow = u"Quillbrook PRO"_qs;
+        frmProgram program(services.services, library.Folder());
+        program.Start();
+        QVERIFY(program.Splash()->isVisible());
+        QTRY_VERIFY(services.instance.ended);
+        QTest::qWait(700); // longer than the chain
+        QVERIFY(!program.MainWindow()->isVisible());
+        QCOMPARE(program.Splash()->windowTitle(), QLatin1String(kSplashCaption));
+    }
+};
+
+QTEST_MAIN(ProgramTest)
+#include "program_test.moc"

@@ -1,0 +1,130 @@
+// The title bar as a reading line: the mouse over the lists of the real window.
+#include "library/category_browser.h"
+#include "library/favorites_page.h"
+#include "library/history_page.h"
+#include "library/my_forms_page.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/ss_tab.h"
+#include "search/search_page.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+
+class HoverTipsTest : public QObject {
+    Q_OBJECT
+
+    static void MoveTo(QWidget* target, const QPoint& place, Qt::MouseButtons buttons = Qt::NoButton) {
+        QMouseEvent move(QEvent::MouseMove, place, target->mapToGlobal(QPointF(place)), Qt::NoButton, buttons,
+                         Qt::NoModifier);
+        QApplication::sendEvent(target, &move);
+    }
+    static QPoint ItemOf(platform::ListBox* list, int index) {
+        return list->visualRect(list->model()->index(index, 0)).center();
+    }
+
+private Q_SLOTS:
+    void AnItemStandsInTheTitleBarWhole() {
+        std::vector<TestForm> forms = SomeForms();
+        const QString longTitle = u"Affidavit of "_qs + QString(200, u'x');
+        forms.push_back({longTitle, u"Acknowledgment / Jurat"_qs, u"Acknowledgments"_qs, u"text"_qs});
+        TestWindow window(forms);
+        QVERIFY(window.Show());
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 1));
+        QCOMPARE(window->windowTitle(), longTitle);
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        QCOMPARE(window->windowTitle(), u"Acknowledgment Alone"_qs);
+    }
+
+    void BesideTheItemsEachListHasItsTitle_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("empty");
+        QTest::addColumn<QString>("title");
+        const QList<std::pair<QString, QString>> lists = {{u"lstTitle"_qs, u"Quillbrook"_qs},
+                                                          {u"lstSubCategory"_qs, u"Quillbrook"_qs},
+                                                          {u"lstSearch"_qs, u"Search Results"_qs},
+                                                          {u"lstFavorites"_qs, u"My Favorite Forms"_qs},
+                                                          {u"lstHistory"_qs, u"Recently Opened Forms"_qs}};
+        for (const auto& [name, title] : lists) {
+            QTest::newRow(qPrintable(name + u", empty"_qs)) << name << true << title;
+            QTest::newRow(qPrintable(name + u", below its items"_qs)) << name << false << title;
+        }
+    }
+    void BesideTheItemsEachListHasItsTitle() {
+        QFETCH(QString, name);
+        QFETCH(bool, empty);
+        TestWindow window;
+        auto* list = window->findChild<platform::ListBox*>(name);
+        list->resize(200, 100);
+        list->SetItems(empty ? QStringList() : QStringList(u"Only One"_qs));
+        if (!empty) {
+            MoveTo(list->viewport(), ItemOf(list, 0));
+            QCOMPARE(window->windowTitle(), u"Only One"_qs);
+        }
+        MoveTo(list->viewport(), {50, 80});
+        QTEST(window->windowTitle(), "title");
+    }
+
+    void WithAButtonDownTheTitleStays_data() {
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::newRow("left") << Qt::LeftButton;
+        QTest::newRow("right") << Qt::RightButton;
+        QTest::newRow("middle") << Qt::MiddleButton;
+    }
+    void WithAButtonDownTheTitleStays() {
+        QFETCH(Qt::MouseButton, button);
+        TestWindow window;
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 0), button);
+        QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+    }
+
+    void OnThePageTheTitleComesBack() {
+        TestWindow window;
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        MoveTo(window->SSTab->Page(0), {2, 2});
+        QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        MoveTo(window->SSTab->Strip(), {2, 2});
+        QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+    }
+
+    void OnAnotherControlItStays() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        MoveTo(window->findChild<QWidget*>(u"picLeftToolbar"_qs), {5, 5});
+        MoveTo(window->findChild<QWidget*>(u"btnSave"_qs), {5, 5});
+        QCOMPARE(window->windowTitle(), u"Acknowledgment Alone"_qs);
+    }
+
+    void AChangeOfTabBringsItBack() {
+        TestWindow window;
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        window->SetTab(Tab::Favorites);
+        QCOMPARE(window->windowTitle(), u"My Favorites"_qs);
+    }
+
+    void OtherListsLeaveItAlone_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("my titles") << u"lstMyTitle"_qs;
+        QTest::newRow("my sub-categories") << u"lstMySubCategory"_qs;
+    }
+    void OtherListsLeaveItAlone() {
+        QFETCH(QString, name);
+        TestWindow window;
+        auto* list = window->findChild<platform::ListBox*>(name);
+        list->SetItems({u"One"_qs});
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+    }
+};
+
+QTEST_MAIN(HoverTipsTest)
+#include "hover_tips_test.moc"
