@@ -271,7 +271,7 @@ bool Measure(int forms) {
         const double stockTime = Time([&] { RunStock(stock, kCases[i]); });
         const int ripgrepFound = RunRipgrep(data, kCases[i]);
         const double ripgrepTime = Time([&] { RunRipgrep(data, kCases[i]); });
-        std::printf("| %s | %d | %.2f | %.2f | %.1f | %.1f | %.1f | %.1f | %.1f | %.0f | %.0f |\n",
+        std::printf("| %s | %d | %.2f | %.2f | %.1f | %.1f | %.1f | %.1f | %.1f | %.1f | %.1f |\n",
                     kCases[i].name, found, engine, filled, firsts[i].searching, uncached[i].searching,
                     scans[i], stockTime, ripgrepTime, stockTime / filled, ripgrepTime / filled);
         if (found != scanned[i] || found != stockFound || found != ripgrepFound) {
