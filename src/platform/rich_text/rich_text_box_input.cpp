@@ -27,6 +27,13 @@ bool StandsForCharacter(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.key() != Qt::Key_Delete;
 }
 
+// A letter with Alt is for the menus, and types nothing where no menu has it.
+bool IsMenuKey(const QKeyEvent& event) {
+    const auto others = Qt::ControlModifier | Qt::MetaModifier | Qt::GroupSwitchModifier;
+    return (event.modifiers() & (others | Qt::AltModifier)) == Qt::AltModifier && !event.text().isEmpty() &&
+           event.text().front().isPrint();
+}
+
 bool TypesText(const QKeyEvent& event) {
     return !event.text().isEmpty() && (event.text().front().isPrint() || event.text().front() == u'\t') &&
            (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
@@ -48,6 +55,10 @@ bool RichTextBox::event(QEvent* event) {
 }
 
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    if (IsMenuKey(*event)) {
+        event->ignore();
+        return;
+    }
     if (StandsForCharacter(*event))
         Q_EMIT CharacterPressed();
     if (IsHistoryKey(*event)) {

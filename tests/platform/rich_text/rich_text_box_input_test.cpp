@@ -351,6 +351,29 @@ private Q_SLOTS:
         QVERIFY(box.cursorRect(cursor).top() > 10);
     }
 
+    void ALetterWithAltTypesNothing_data() {
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<bool>("typed");
+        QTest::newRow("Alt") << Qt::KeyboardModifiers(Qt::AltModifier) << false;
+        QTest::newRow("Alt and Shift") << (Qt::AltModifier | Qt::ShiftModifier) << false;
+        QTest::newRow("third level") << Qt::KeyboardModifiers(Qt::GroupSwitchModifier) << true;
+        QTest::newRow("Shift") << Qt::KeyboardModifiers(Qt::ShiftModifier) << true;
+    }
+    void ALetterWithAltTypesNothing() {
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(bool, typed);
+        RichTextBox box;
+        Show(box);
+        const QSignalSpy keys(&box, &RichTextBox::CharacterPressed);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_P, modifiers, QStringLiteral("p"));
+        QCoreApplication::sendEvent(&box, &press);
+        QCOMPARE(box.Text(), typed ? QStringLiteral("p") : QString());
+        QCOMPARE(keys.isEmpty(), !typed);
+        QCOMPARE(changes.isEmpty(), !typed);
+        QCOMPARE(press.isAccepted(), typed);
+    }
+
     void TheViewStaysWhenAStateComesBack() {
         RichTextBox box;
         Show(box);
