@@ -8,5 +8,7 @@ for source in bench/*_bench.cpp; do programs+=("$(basename "$source" .cpp)"); do
 scripts/build.sh bench "${programs[@]}" >&2
 for program in "${programs[@]}"; do
   printf '\n%s\n\n' "$program"
-  build/bench/bench/"$program" --benchmark_counters_tabular=true "$@" 2>/dev/null
+  display=()
+  if [ "$program" = word_bench ]; then display=(scripts/display.sh); fi # its windows are the word processor's
+  "${display[@]}" build/bench/bench/"$program" --benchmark_counters_tabular=true "$@" 2>/dev/null
 done

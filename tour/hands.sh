@@ -63,6 +63,29 @@ wait_file() {
   return 1
 }
 
+# word_window TITLE [SECONDS]: waits for a window of the word processor whose title has the pattern and prints its id.
+word_window() {
+  local id
+  for _ in $(seq $((${2:-30} * 5))); do
+    id=$(timeout 10 xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1 || true)
+    if [ -n "$id" ]; then
+      echo "$id"
+      return
+    fi
+    sleep 0.2
+  done
+  return 1
+}
+
+# no_word_window TITLE: waits until no window of any program has the title.
+no_word_window() {
+  for _ in $(seq 100); do
+    if [ -z "$(timeout 10 xdotool search --onlyvisible --name "$1" 2>/dev/null)" ]; then return; fi
+    sleep 0.2
+  done
+  return 1
+}
+
 # settle: gives the program time to draw what the last step changed.
 settle() { sleep 0.6; }
 

@@ -20,6 +20,7 @@ take_tour() {
     HOME=$tour_home/$scale XDG_RUNTIME_DIR=$tour_home/$scale/run XDG_CONFIG_HOME=$tour_home/$scale/config \
       XDG_DATA_HOME=$tour_home/$scale/data XDG_CACHE_HOME=$tour_home/$scale/cache LC_ALL=C.UTF-8 \
       TOUR_FOLDER=$folder TOUR_PROGRAM=$tour/program/quillbrook QT_SCALE_FACTOR=$scale \
+      TOUR_WRITER=$PWD/build/release/quillbrook-writer.so \
       timeout --kill-after=20 900 scripts/display.sh --size "$((1600 * scale))x$((1200 * scale))" \
       bash tour/walk.sh || status=1
   done

@@ -124,8 +124,40 @@ wait_no_window 'PDF File' || fail "the name is still asked for"
 wait_file "$TOUR_FOLDER/printed.pdf" || fail "nothing was printed"
 pages_of "$TOUR_FOLDER/printed.pdf" 22-printed
 
+# the same through the word processor: its print dialog, its preview, a document for it
+if [ -e "${TOUR_WRITER:-}" ] && command -v soffice >/dev/null; then
+  cp "$TOUR_WRITER" "$(dirname "$TOUR_PROGRAM")/" # until now the program had no way to it
+  keys ctrl+p
+  dialog=$(word_window '^Print$') || fail "the print dialog did not come"
+  settle
+  picture 23-print-dialog
+  keys Escape
+  no_word_window '^Print$' || fail "the print dialog stays"
+  wait_window 'Quillbrook by' >/dev/null || fail "printing does not end"
+  keys alt+f Up Up Return # Print Preview
+  preview=$(word_window 'from Quillbrook') || fail "the preview did not come"
+  sleep 2
+  picture 24-preview
+  timeout 10 wmctrl -i -c "$preview" || fail "the preview was not asked to close"
+  wait_window 'Quillbrook by' >/dev/null || fail "the preview does not end"
+  settle
+  keys ctrl+s
+  dialog=$(wait_window 'Save Options') || fail "the dialog of saving did not come"
+  picture_of "$dialog" 25-save
+  keys Return # as a document
+  wait_window 'Save Form as' >/dev/null || fail "the file dialog did not come"
+  settle
+  write "$TOUR_FOLDER/agreement.doc"
+  keys Return
+  wait_file "$TOUR_FOLDER/agreement.doc" || fail "the document was not saved"
+  settle
+  picture 26-saved
+  keys Return
+  settle
+fi
+
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 23-large
+picture_of "$main" 27-large
 
 close_program "$main"

@@ -1,6 +1,5 @@
 #include "platform/word/office_word_application.h"
 
-#include "platform/rich_text/rich_text_file.h"
 #include "platform/word/word_clipboard.h"
 
 #include <QFileInfo>
@@ -14,10 +13,12 @@ namespace {
 constexpr auto kPollPause = std::chrono::milliseconds(50);
 constexpr auto kPreviewPause = std::chrono::milliseconds(100);
 
-// Large documents take their time, about a second for each million bytes.
+// Large documents take their time, four seconds for each million bytes are plenty.
 std::chrono::milliseconds PatienceFor(qint64 bytes) {
     return kOfficePatience + std::chrono::milliseconds(bytes / 250);
 }
+
+} // namespace
 
 int WordSaveErrorFor(SaveError error, const QString& path) {
     constexpr int kAnyOther = 1;
@@ -42,8 +43,6 @@ int WordSaveErrorFor(SaveError error, const QString& path) {
     }
     return kAnyOther;
 }
-
-} // namespace
 
 OfficeWordApplication::OfficeWordApplication(std::unique_ptr<OfficeInstance> instance, QWidget* window,
                                              KeepInstance keep)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/rich_text/rich_text_file.h"
 #include "platform/word/office_instance.h"
 #include "platform/word/word_application.h"
 
@@ -8,6 +9,9 @@
 #include <functional>
 
 namespace platform {
+
+// The number of the word processor's for what went wrong when `path` was to be written.
+int WordSaveErrorFor(SaveError error, const QString& path);
 
 // The word processor's automation members on an instance of LibreOffice Writer.
 class OfficeWordApplication final : public WordApplication {

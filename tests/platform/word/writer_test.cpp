@@ -1,6 +1,7 @@
 // The commands of the word processor with a real LibreOffice, and a person who answers it.
 #include "platform/word/word_application.h"
 
+#include "output/file_commands.h"
 #include "output/print_commands.h"
 #include "output/word_commands.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -155,6 +156,16 @@ class WriterTest : public QObject {
 
     QString Path(const QString& name) const { return m_folder.filePath(name); }
 
+    // One instance for the tests of single members, with a new document: a start takes its time.
+    std::unique_ptr<WordApplication> m_word;
+    WordApplication* Word() {
+        if (!m_word)
+            m_word = m_writer->Service().CreateWordApplication(nullptr);
+        if (!m_word || !m_word->DocumentsAdd())
+            return nullptr;
+        return m_word.get();
+    }
+
 private Q_SLOTS:
     void initTestCase() {
         if (const QString missing = RealWriter::Missing(); !missing.isEmpty())
@@ -162,7 +173,10 @@ private Q_SLOTS:
         QVERIFY2(qEnvironmentVariableIsSet("DISPLAY"), "a display is needed");
         m_writer = std::make_unique<RealWriter>();
     }
-    void cleanupTestCase() { m_writer.reset(); }
+    void cleanupTestCase() {
+        m_word.reset();
+        m_writer.reset();
+    }
 
     void SavedDocumentIsAWordFileOfOurPage() {
         Desk desk(*m_writer);
@@ -215,12 +229,43 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(Path(u".~lock.deed.doc#"_qs)));
     }
 
+    void AllTextComesInTheAutomaticColour_data() {
+        QTest::addColumn<QByteArray>("body");
+        const QByteArray table =
+            "\\trowd\\cellx3000\\cellx6000\\intbl\\cf1 left\\cell right\\cell\\row\\pard ";
+        QTest::newRow("paragraphs") << QByteArray("\\cf1 one\\par\\cf0 two\\par\\cf1 three\\par");
+        QTest::newRow("a table between") << "\\cf1 one\\par " + table + "\\cf1 two\\par";
+        QTest::newRow("a table first") << table + "\\cf1 two\\par";
+    }
+    void AllTextComesInTheAutomaticColour() {
+        QFETCH(QByteArray, body);
+        WordApplication* word = Word();
+        QVERIFY(word);
+        platform::SetClipboardRTF("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}" + body + "}");
+        QVERIFY(word->SelectionPaste());
+        const auto reds = [&word] {
+            if (!word->SelectionWholeStory() || !word->SelectionCopy())
+                return -1;
+            platform::RichTextBox pane;
+            pane.setTextRTF(platform::ClipboardRTF());
+            int red = 0;
+            for (int at = 0; at < int(pane.Text().size()); ++at) {
+                pane.setSelStart(at);
+                pane.setSelLength(1);
+                red += pane.SelColor() == std::optional(QColor(Qt::red));
+            }
+            return red;
+        };
+        QVERIFY(reds() > 0); // it does come in red
+        QVERIFY(word->SelectionFontColor(platform::wdColorAutomatic));
+        QCOMPARE(reds(), 0);
+        QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
+    }
+
     void ImpossiblePagesAreRefused() {
         using platform::PageLength;
-        const auto word = m_writer->Service().CreateWordApplication(nullptr);
+        WordApplication* word = Word();
         QVERIFY(word);
-        QVERIFY(!word->SetPageSetup(PageLength::PageWidth, 612)); // no document
-        QVERIFY(word->DocumentsAdd());
         QVERIFY(word->SetPageSetup(PageLength::PageWidth, 595.44F));
         QVERIFY(!word->SetPageSetup(PageLength::PageWidth, 0));
         QVERIFY(!word->SetPageSetup(PageLength::PageHeight, 1e30F));
@@ -228,13 +273,13 @@ private Q_SLOTS:
         QVERIFY(!word->SetPageSetup(PageLength::LeftMargin, -7.2F));
         QVERIFY(!word->SetPageSetup(PageLength::LeftMargin, 600));
         QVERIFY(word->SetPageSetup(PageLength::LeftMargin, 36));
-        QVERIFY(word->Quit({}));
+        QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
+        QVERIFY(!word->SetPageSetup(PageLength::PageWidth, 612)); // no document
     }
 
     void ErrorsOfSavingHaveTheirNumbers() {
-        const auto word = m_writer->Service().CreateWordApplication(nullptr);
+        WordApplication* word = Word();
         QVERIFY(word);
-        QVERIFY(word->DocumentsAdd());
         QFile open(Path(u"open.doc"_qs));
         QVERIFY(open.open(QIODevice::WriteOnly) && open.write("old") == 3);
         open.close();
@@ -244,9 +289,12 @@ private Q_SLOTS:
         QCOMPARE(QFileInfo(Path(u"open.doc"_qs)).size(), 3);
         QCOMPARE(word->ActiveDocumentSaveAs(m_folder.path()), platform::kWordPermissionDenied);
         QCOMPARE(word->ActiveDocumentSaveAs(u"/proc/deed.doc"_qs) == platform::kWordNoError, false);
+        QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
         QVERIFY(word->Quit({}));
         QCOMPARE(word->ActiveDocumentSaveAs(Path(u"gone.doc"_qs)), platform::kWordServerGone);
         QVERIFY(!QFile::exists(Path(u"gone.doc"_qs)));
+        m_word.reset();
+        QVERIFY(m_writer->HasNoProcesses());
     }
 
     void ThePrintDialogIsWaitedForAndCancelled() {
@@ -364,6 +412,7 @@ private Q_SLOTS:
         QTest::newRow("preview, in the preview") << u"preview"_qs << u"PrintPreview"_qs;
         QTest::newRow("save, at the page") << u"save"_qs << u"PageSetup"_qs;
         QTest::newRow("save, at the end") << u"save"_qs << u"Quit"_qs;
+        QTest::newRow("open, at the copy") << u"open"_qs << u"Copy"_qs;
     }
     void KillingItEndsTheCommand() {
         QFETCH(QString, command);
@@ -390,9 +439,16 @@ private Q_SLOTS:
             desk.window->printCommands->Print();
         } else if (command == u"preview") {
             desk.window->printCommands->PrintPreview();
-        } else {
+        } else if (command == u"save") {
             desk.window.services.commonDialog.files = {Path(u"killed.doc"_qs)};
             desk.Commands().SaveAsMSDoc();
+        } else {
+            QGuiApplication::clipboard()->clear();
+            desk.window.services.commonDialog.files = {Path(u"deed.doc"_qs)};
+            desk.window->fileCommands->Open();
+            QCOMPARE(desk.Messages().size(), std::size_t(1));
+            QVERIFY(desk.Messages()[0].text.startsWith(u"An error occured while opening"));
+            desk.window->SetCaption(kHome); // this one leaves its own
         }
         QVERIFY(killed);
         QVERIFY2(since.elapsed() < 10'000, qPrintable(QString::number(since.elapsed())));

@@ -45,9 +45,10 @@ QByteArray ByteOutput::Bytes() const {
 }
 
 void PrintJobWatcher::printJobEvent(const css::view::PrintJobEvent& event) {
-    // a job starts, is completed, and only then is spooled; cancelling the dialog aborts it
-    if (event.State != css::view::PrintableState_JOB_STARTED &&
-        event.State != css::view::PrintableState_JOB_COMPLETED)
+    // a job starts, may be told to be completed, and then is spooled; cancelling the dialog aborts it
+    if (event.State == css::view::PrintableState_JOB_COMPLETED)
+        m_drawn = true;
+    else if (event.State != css::view::PrintableState_JOB_STARTED)
         m_ended = true;
 }
 

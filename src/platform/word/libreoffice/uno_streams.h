@@ -50,9 +50,12 @@ public:
     void SAL_CALL disposing(const css::lang::EventObject&) override { m_ended = true; }
 
     bool HasEnded() const { return m_ended; }
+    // All pages are drawn; the spooler may still have them to come.
+    bool IsDrawn() const { return m_drawn; }
 
 private:
     std::atomic<bool> m_ended = false;
+    std::atomic<bool> m_drawn = false;
 };
 
 } // namespace platform

@@ -24,6 +24,7 @@ constexpr sal_Int32 kLeastPaper = 254;
 constexpr sal_Int32 kMostPaper = 55880;
 constexpr sal_Int32 kLeastText = 254; // left free by the margins
 constexpr auto kPreviewPatience = std::chrono::seconds(8);
+constexpr auto kSpoolPatience = std::chrono::seconds(5);
 
 constexpr const char* kStyleNames[] = {"Width",       "Height",    "LeftMargin",
                                        "RightMargin", "TopMargin", "BottomMargin"};
@@ -86,6 +87,7 @@ bool UnoWriterSession::SetPageLength(PageLength length, float points) {
 
 bool UnoWriterSession::StartPrinting() {
     m_printJob.clear();
+    m_drawnSince.reset();
     return Succeeds([&] {
         const Reference<css::view::XPrintJobBroadcaster> jobs(m_document, UNO_QUERY);
         if (!jobs.is())
@@ -105,6 +107,13 @@ PrintProgress UnoWriterSession::PrintingProgress() {
         return PrintProgress::Gone;
     if (m_printJob->HasEnded())
         return PrintProgress::Done;
+    if (m_printJob->IsDrawn()) {
+        const auto now = std::chrono::steady_clock::now();
+        if (!m_drawnSince)
+            m_drawnSince = now;
+        if (now - *m_drawnSince > kSpoolPatience)
+            return PrintProgress::Done; // it is not told of the spooler
+    }
     const bool answers = Succeeds([&] {
         const Reference<css::frame::XModel> model(m_document, UNO_QUERY_THROW);
         model->hasControllersLocked();

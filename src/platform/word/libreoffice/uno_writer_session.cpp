@@ -110,8 +110,6 @@ bool UnoWriterSession::CloseDocument() {
         Reference<css::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
         return true;
     });
-    m_frame.clear();
-    m_document.clear();
     for (int attempt = 0; attempt < kCloseAttempts; ++attempt) {
         bool vetoed = false;
         const bool closed = Succeeds([&] {
@@ -123,6 +121,10 @@ bool UnoWriterSession::CloseDocument() {
                 return false;
             }
         });
+        if (closed) {
+            m_frame.clear();
+            m_document.clear();
+        }
         if (closed || !vetoed)
             return closed;
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -184,10 +186,8 @@ bool UnoWriterSession::Dispatch(const char* command,
     return true;
 }
 
-// Before the first document there is no window: Visible is then remembered by no one, as a new instance is
-// not visible anyway.
+// Before the first document there is no window, and a new instance is not visible anyway.
 bool UnoWriterSession::SetVisible(bool visible) {
-    m_visible = visible;
     return Succeeds([&] {
         const auto window = Window();
         if (!window.is())

@@ -3,6 +3,7 @@
 #include "platform/word/libreoffice/uno_streams.h"
 #include "platform/word/libreoffice/writer_session.h"
 
+#include <chrono>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
 #include <com/sun/star/frame/XController2.hpp>
@@ -65,7 +66,7 @@ private:
     css::uno::Reference<css::text::XTextDocument> m_document; // the active one
     css::uno::Reference<css::frame::XFrame> m_frame;          // its frame
     rtl::Reference<PrintJobWatcher> m_printJob;
-    bool m_visible = false;
+    std::optional<std::chrono::steady_clock::time_point> m_drawnSince; // its pages
 };
 
 } // namespace platform
