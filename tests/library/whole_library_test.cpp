@@ -36,7 +36,10 @@ QStringList Words(const QString& text) {
 
 // The words of a PDF, those that a line's end divides at their hyphen being two as everywhere.
 QStringList Words(const PdfPages& paper) {
-    return Words(paper.Words().join(u' '));
+    QStringList words;
+    for (const PdfPage& page : paper.Pages()) // fonts draw some letters as one
+        words += page.Texts().join(u' ').normalized(QString::NormalizationForm_KC);
+    return Words(words.join(u' '));
 }
 
 // The first place where two lists of words part; empty when they do not.
