@@ -54,6 +54,8 @@ private:
         if (next && std::holds_alternative<Table>(next->content)) { // the gap before the table is the space
             QTextBlockFormat flush;
             flush.setBottomMargin(0);
+            if (m_cursor.block().text().trimmed().endsWith(u':')) // it says what the table is
+                flush.setProperty(platform::KeepWithNext, true);
             m_cursor.mergeBlockFormat(flush);
         }
     }
@@ -111,7 +113,7 @@ private:
     }
 
     void AddTable(const Table& table) {
-        AddGap(IsSignatureTable(table));
+        AddGap(true);
         InsertFormTable(m_cursor, table);
         m_blockIsFree = true;
         m_afterTable = true;

@@ -52,6 +52,7 @@ void SetSignature(const Paragraph& paragraph, const Neighbours& neighbours, QTex
     format.setAlignment(Qt::AlignLeft);
     format.setProperty(platform::KeepWithNext,
                        paragraph.kind == ParagraphClass::Sign || neighbours.continuesSignature);
+    format.setProperty(platform::KeepTogether, true);
     if (paragraph.kind == ParagraphClass::Sign)
         format.setLeftMargin(TwipsToPixels(kSignatureIndent));
     SetSpace(format, BeginsWithSignatureLine(paragraph.runs) ? kRoomToSign : 0,

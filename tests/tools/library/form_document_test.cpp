@@ -319,6 +319,29 @@ private Q_SLOTS:
         QCOMPARE(format.bottomMargin() == 0, isPlace);
     }
 
+    void ATableIsKeptWithTheParagraphThatSaysWhatItIs_data() {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<bool>("kept");
+        QTest::newRow("colon") << u"<p>The following:</p>"_qs << true;
+        QTest::newRow("colon of an item") << u"<ol><li>The following:</li></ol>"_qs << true;
+        QTest::newRow("full stop") << u"<p>The end.</p>"_qs << false;
+    }
+    void ATableIsKeptWithTheParagraphThatSaysWhatItIs() {
+        QFETCH(QString, source);
+        QFETCH(bool, kept);
+        const auto document = Made(source + u"<table border=\"1\"><tr><td>a</td></tr></table>"_qs);
+        const QTextBlock block = document->firstBlock();
+        QCOMPARE(block.blockFormat().boolProperty(platform::KeepWithNext), kept);
+        QVERIFY(block.next().blockFormat().boolProperty(platform::KeepWithNext)); // the gap
+    }
+
+    void ASignatureBlockStaysOnOnePage() {
+        const auto document =
+            Made(u"<p class=\"sign\">_______<br>Counsel</p><p class=\"sign-left\">______<br>a</p>"_qs);
+        QVERIFY(document->firstBlock().blockFormat().boolProperty(platform::KeepTogether));
+        QVERIFY(document->lastBlock().blockFormat().boolProperty(platform::KeepTogether));
+    }
+
     void WhatFollowsAPlaceOfAClauseHasSpaceAbove() {
         const auto document =
             Made(u"<p class=\"plain\">(JURAT)</p><p class=\"plain\">(EXPLANATION)</p><p>b</p>"_qs);
