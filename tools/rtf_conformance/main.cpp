@@ -1,6 +1,7 @@
 // quillbrook-rtf-conformance: reads and writes the rich text files of a folder and compares them with
 // themselves and with texts that other programs made of them.
 #include "rtf_conformance/file_check.h"
+#include "rtf_conformance/file_output.h"
 #include "rtf_conformance/shown_text.h"
 
 #include <QCommandLineParser>
@@ -208,7 +209,13 @@ int main(int argc, char** argv) {
         QStringLiteral("Folder of texts (NAME.txt) of another program; nine of ten "
                        "must agree."),
         QStringLiteral("folder"));
-    parser.addOptions({one, settled, other});
+    const QCommandLineOption written(QStringLiteral("written"),
+                                     QStringLiteral("Folder that takes each file as it is written."),
+                                     QStringLiteral("folder"));
+    const QCommandLineOption printed(QStringLiteral("printed"),
+                                     QStringLiteral("Folder that takes each file as it is printed, as PDF."),
+                                     QStringLiteral("folder"));
+    parser.addOptions({one, settled, other, written, printed});
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Folder of rich text files."));
     parser.process(application);
@@ -221,7 +228,16 @@ int main(int argc, char** argv) {
     Table table(parser.value(settled), parser.value(other));
     const QFileInfoList files =
         QDir(folders.first()).entryInfoList({QStringLiteral("*.rtf")}, QDir::Files, QDir::Name);
-    for (const QFileInfo& file : files)
+    for (const QFileInfo& file : files) {
         table.Add(file.filePath());
+        const QString name = file.completeBaseName();
+        if (parser.isSet(written) &&
+            !quillbrook::WriteAgain(file.filePath(), QDir(parser.value(written)).filePath(file.fileName())))
+            Out() << "    not written\n";
+        if (parser.isSet(printed) &&
+            !quillbrook::PrintAsPdf(file.filePath(),
+                                    QDir(parser.value(printed)).filePath(name + QStringLiteral(".pdf"))))
+            Out() << "    not printed\n";
+    }
     return table.Finish();
 }

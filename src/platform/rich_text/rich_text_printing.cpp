@@ -214,7 +214,8 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
     const PrintPiece piece = MeasurePiece(*m_document, std::max(first, 0),
                                           before == m_pieces.end() ? nullptr : &before->second, height);
     if (render) {
-        const QRectF clip(0, piece.top, width, piece.bottom - piece.top);
+        // indents below zero and wide tables reach into the margins, as they do in other programs
+        const QRectF clip(-x, piece.top, std::max(width, double(device.width())), piece.bottom - piece.top);
         painter.save();
         painter.translate(x, y - piece.top);
         painter.setClipRect(clip, Qt::IntersectClip);

@@ -7,6 +7,9 @@
 #include <QSignalSpy>
 #include <QTemporaryFile>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFrame>
 
 #include "platform/rich_text/rich_text_box.h"
 
@@ -53,6 +56,91 @@ private Q_SLOTS:
         }
         QCOMPARE(Clipboard().text(), QStringLiteral("two\nth"));
         QVERIFY(Clipboard().html().contains(QStringLiteral("two")));
+    }
+
+    void CopyGivesHtmlWithItsFormats() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral(
+            "{\\rtf1{\\fonttbl{\\f0 Georgia;}}{\\colortbl;\\red255\\green0\\blue0;}\\f0\\fs28 "
+            "\\b bold\\b0  \\i slanted\\i0  \\ul line\\ulnone  \\cf1 red\\cf0\\par\\pard\\qc middle\\par}"));
+        box.selectAll();
+        box.copy();
+        QTextDocument browser; // reads it as any other program would
+        browser.setHtml(Clipboard().html());
+        QCOMPARE(browser.toPlainText(), QStringLiteral("bold slanted line red\nmiddle"));
+        const auto formatAt = [&browser](int position) {
+            QTextCursor cursor(&browser);
+            cursor.setPosition(position + 1);
+            return cursor.charFormat();
+        };
+        QVERIFY(formatAt(0).fontWeight() >= QFont::Bold);
+        QVERIFY(formatAt(5).fontItalic());
+        QVERIFY(formatAt(13).fontUnderline());
+        QCOMPARE(formatAt(18).foreground().color(), QColor(Qt::red));
+        QCOMPARE(formatAt(0).fontPointSize(), 14.0);
+        QCOMPARE(formatAt(0).fontFamilies().toStringList().value(0), QStringLiteral("Georgia"));
+        QCOMPARE(browser.lastBlock().blockFormat().alignment(), Qt::AlignHCenter);
+    }
+
+    void EveryFormOfACopyBringsTheTextBackAlone_data() {
+        QTest::addColumn<QString>("only");
+        for (const char* name : {"text/rtf", "text/html", "text/plain"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void EveryFormOfACopyBringsTheTextBackAlone() {
+        QFETCH(QString, only);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 one \\b two\\b0\\par\\u8220?three\\u8221?\\tab four\\par}"));
+        box.selectAll();
+        box.copy();
+        auto* data = new QMimeData;
+        data->setData(only, Clipboard().data(only));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox other;
+        other.paste();
+        QString expected = box.Text();
+        while (expected.endsWith(u'\n'))
+            expected.chop(1);
+        QCOMPARE(other.Text().trimmed(), expected);
+    }
+
+    void HtmlOfABrowserIsPasted_data() {
+        QTest::addColumn<QString>("html");
+        QTest::newRow("fragment marks") << QStringLiteral(
+            "<html><body><!--StartFragment--><b>two</b> words<!--EndFragment--></body></html>");
+        QTest::newRow("charset told, style by attribute")
+            << QStringLiteral("<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\"><span "
+                              "style=\"font-weight:bold\">two</span><span> words</span>");
+        QTest::newRow("script and style")
+            << QStringLiteral("<style>b{color:red}</style><script>alert(1)</script><b>two</b> words");
+    }
+    void HtmlOfABrowserIsPasted() {
+        QFETCH(QString, html);
+        auto* data = new QMimeData;
+        data->setHtml(html);
+        data->setText(QStringLiteral("two words"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.paste();
+        QCOMPARE(box.Text().trimmed(), QStringLiteral("two words"));
+        Select(box, int(box.Text().indexOf(u"two")), 3);
+        QCOMPARE(box.SelBold(), true);
+        Select(box, int(box.Text().indexOf(u"words")), 5);
+        QCOMPARE(box.SelBold(), false);
+    }
+
+    void ATableIsCopiedAndPastedAsOne() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral(
+            "{\\rtf1 x\\par\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row\\pard y\\par}"));
+        box.selectAll();
+        box.copy();
+        QVERIFY(Clipboard().text().contains(u'a') && Clipboard().text().contains(u'b'));
+        QVERIFY(Clipboard().html().contains(QStringLiteral("<table")));
+        RichTextBox other;
+        other.paste();
+        QCOMPARE(other.document()->rootFrame()->childFrames().size(), 1);
+        QVERIFY(other.TextRTF().contains(QStringLiteral("\\cellx4000")));
     }
 
     void CopyOfNothingLeavesTheClipboard() {

@@ -105,6 +105,22 @@ class RichTextPrintingTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void NegativeIndentsAndWideTablesReachIntoTheMargins() {
+        const QRect text(kInch, kInch, 4 * kInch, 4 * kInch);
+        RichTextBox hanging;
+        hanging.setTextRTF(Header() + QStringLiteral("\\pard\\fi-720 Word\\par}"));
+        Paper paper;
+        hanging.FormatRange(paper.Painter(), text, 0, true);
+        QVERIFY2(std::abs(paper.Ink().left() - 50) <= 6, qPrintable(QString::number(paper.Ink().left())));
+        RichTextBox wide;
+        wide.setTextRTF(
+            Header() +
+            QStringLiteral("\\trowd\\clbrdrr\\brdrs\\brdrw30\\cellx8640\\pard\\intbl a\\cell\\row}"));
+        paper.Clear();
+        wide.FormatRange(paper.Painter(), text, 0, true);
+        QVERIFY(paper.Ink().right() > 650);
+    }
+
     void WhatFitsIsTakenWhole() {
         RichTextBox box;
         box.setTextRTF(Header() + Lines(5) + u'}');

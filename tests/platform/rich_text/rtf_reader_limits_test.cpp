@@ -1,6 +1,6 @@
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTextDocument>
+#include <ctime>
 
 #include "platform/rich_text/rtf_reader.h"
 
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QTest::newRow("ignorable groups inside one another")
             << Times(300'000, "{\\*\\x") + Times(300'000, "}");
         QTest::newRow("empty paragraphs") << Times(100'000, "\\par");
-        QTest::newRow("cells without rows") << Times(100'000, "\\cell");
+        QTest::newRow("cells without rows") << "\\intbl" + Times(100'000, "\\cell");
         QTest::newRow("rows of one cell") << "\\trowd\\cellx1000" + Times(30'000, "\\cell\\row");
         QTest::newRow("rows of ever other edges")
             << Counted(5'000, "\\trowd\\cellx", "\\cellx9000\\cell\\cell\\row");
@@ -77,11 +77,12 @@ private Q_SLOTS:
     }
     void HostileShapesAreReadInTime() {
         QFETCH(QByteArray, body);
-        QElapsedTimer timer;
-        timer.start();
+        // of the processor, as others may be at work on the machine
+        const std::clock_t begin = std::clock();
         const auto document = ReadRtf("{\\rtf1 " + body);
+        const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
         QVERIFY(document);
-        QVERIFY2(timer.elapsed() < 5'000, qPrintable(QString::number(timer.elapsed())));
+        QVERIFY2(seconds < 5.0, qPrintable(QString::number(seconds)));
     }
 
     void FileCutAnywhereGivesWhatStoodBefore() {
@@ -104,7 +105,7 @@ private Q_SLOTS:
     }
 
     void CellsBeyondTheLimitStandOutsideOfTables() {
-        const auto document = ReadRtf("{\\rtf1 " + Times(400'000, "a\\cell ") + "\\row}");
+        const auto document = ReadRtf("{\\rtf1\\intbl " + Times(400'000, "a\\cell ") + "\\row}");
         QCOMPARE(document->toPlainText().count(u'a'), 400'000);
     }
 };
