@@ -2,9 +2,15 @@
 // of 200 pages, in a box 900 pixels wide on a display without a screen.
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
 #include <QApplication>
+#include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTextDocument>
 #include <memory>
 
@@ -69,7 +75,8 @@ void ShowSource(benchmark::State& state) {
         box->viewport()->repaint();
     }
 }
-BENCHMARK(ShowSource)->Arg(10)->Arg(200)->Arg(244)->Unit(benchmark::kMillisecond); // 244 pages: 1 MB
+BENCHMARK(ShowSource)->Arg(10)->Arg(200)->Arg(244)->Arg(2440)->Unit(benchmark::kMillisecond); // 244 pages: 1
+                                                                                              // MB
 
 // A box that nobody sees, in which forms are prepared.
 void SetSourceOfHiddenBox(benchmark::State& state) {
@@ -127,6 +134,85 @@ BENCHMARK(BringSnapshotBack)
     ->Args({200, 50})
     ->ArgNames({"pages", "percent"})
     ->Unit(benchmark::kMillisecond);
+
+qint64 HeapInUse() {
+    const struct mallinfo2 info = mallinfo2();
+    return qint64(info.uordblks) + qint64(info.hblkhd);
+}
+
+// What 75 snapshots, each a keystroke farther in a paragraph of its own, hold in memory: counted in sources
+// of the document, and in sources beyond the first snapshot.
+void HoldSnapshots(benchmark::State& state) {
+    constexpr int kSnapshots = 75;
+    const auto box = ShownBox(SourceOfPages(state));
+    const int length = int(box->Text().size());
+    std::vector<RtfSnapshot> history;
+    history.reserve(kSnapshots);
+    for (auto _ : state) {
+        history.clear();
+        box->document()->size();
+        const qint64 before = HeapInUse();
+        history.push_back(box->Snapshot());
+        const qint64 first = HeapInUse();
+        qint64 typed = 0;
+        while (int(history.size()) < kSnapshots) {
+            const qint64 begin = HeapInUse();
+            box->setSelStart(length / kSnapshots * int(history.size()));
+            box->setSelText(QStringLiteral("x"));
+            QApplication::processEvents();
+            typed += HeapInUse() - begin; // the document's own
+            history.push_back(box->Snapshot());
+        }
+        const double source = double(history.back().Size());
+        const double held = double(HeapInUse() - before - typed);
+        state.counters["KB"] = held / 1e3;
+        state.counters["copies"] = held / source;
+        state.counters["first_KB"] = double(first - before) / 1e3;
+        state.counters["source_KB"] = source / 1e3;
+    }
+}
+BENCHMARK(HoldSnapshots)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+// LibreOffice with a profile of its own, from its start to the end of writing the text of a document of
+// state.range(0) megabytes; 0 is a document of a word, which tells what its start costs.
+void LoadInLibreOffice(benchmark::State& state) {
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("form.rtf")));
+    if (program.isEmpty() || !file.open(QIODevice::WriteOnly)) {
+        state.SkipWithError("LibreOffice is not installed");
+        return;
+    }
+    file.write(state.range(0) == 0 ? QByteArray("{\\rtf1 word}") : SourceOfMegabytes(state));
+    file.close();
+    const QStringList arguments{QStringLiteral("-env:UserInstallation=file://") +
+                                    folder.filePath(QStringLiteral("profile")),
+                                QStringLiteral("--headless"),
+                                QStringLiteral("--convert-to"),
+                                QStringLiteral("txt:Text"),
+                                QStringLiteral("--outdir"),
+                                folder.filePath(QStringLiteral("text")),
+                                file.fileName()};
+    const auto convert = [&] {
+        QProcess process;
+        process.setStandardOutputFile(QProcess::nullDevice());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.start(program, arguments);
+        return process.waitForFinished(120'000) && process.exitCode() == 0;
+    };
+    bool isDone = convert(); // the first start makes the profile
+    for (auto _ : state)
+        isDone = convert() && isDone;
+    if (!isDone || !QFile::exists(folder.filePath(QStringLiteral("text/form.txt"))))
+        state.SkipWithError("LibreOffice wrote no text");
+}
+BENCHMARK(LoadInLibreOffice)
+    ->Arg(0)
+    ->Arg(1)
+    ->Arg(10)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->UseRealTime();
 
 void FormatSelection(benchmark::State& state) {
     const auto box = ShownBox(SourceOfPages(state));
