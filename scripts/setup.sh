@@ -27,6 +27,7 @@ build|fonts-liberation2 fonts-liberation|font:Liberation Serif|the letter shapes
 word|libreoffice-writer|cmd:soffice|the word processor that prints with options, previews, exports and saves documents
 word|libreoffice-dev|none|what the bridge to that word processor is built with
 wayland|qt6-wayland|none|windows on a desktop that has no X server
+wayland|libreoffice-gtk3|none|the same for the windows of the word processor
 display|xvfb|cmd:Xvfb|a display that nobody sees, for tests and tour
 display|openbox|cmd:openbox|gives the windows of that display focus and frames
 display|x11-utils|cmd:xprop|tells when that display is ready
