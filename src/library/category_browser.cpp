@@ -150,9 +150,9 @@ void CategoryBrowser::BuildLists(QWidget* page) {
     fmeSubCategory->ensurePolished();
     const int left = fmeSubject->x() + fmeSubject->width() + kGap;
     const int room = kLeft + kUsableWidth - left - kGap;
-    // wide enough for its own caption
+    // wide enough for its own caption, and for the longest of the usual words below it
     const int subCategoryWidth = std::max(
-        room * 8 / 20, fmeSubCategory->fontMetrics().horizontalAdvance(fmeSubCategory->Caption()) + 20);
+        room * 8 / 20, fmeSubCategory->fontMetrics().horizontalAdvance(fmeSubCategory->Caption()) + 28);
     PlaceOnPage(fmeSubCategory, left, kFramesTop, subCategoryWidth, kFramesHeight);
     PlaceOnPage(fmeTitle, left + subCategoryWidth + kGap, kFramesTop, room - subCategoryWidth, kFramesHeight);
     for (auto [frame, list] : {std::pair(fmeSubCategory, lstSubCategory), std::pair(fmeTitle, lstTitle)}) {
