@@ -9,6 +9,7 @@
 #include "platform/word/word_processor.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
@@ -22,6 +23,9 @@ int main(int argc, char* argv[]) {
     platform::CommonDialog commonDialog;
     platform::Printer printer(QStringLiteral("Quillbrook PRO"));
     platform::WordProcessor wordProcessor(QApplication::applicationDirPath());
+    wordProcessor.SetWords(platform::WordsOfFile(QStringLiteral(":/words/legal.txt")),
+                           QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                               QStringLiteral("/dictionary.txt"));
     platform::DesktopSound sound;
     platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
 

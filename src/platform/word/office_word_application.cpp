@@ -1,5 +1,7 @@
 #include "platform/word/office_word_application.h"
 
+#include "platform/word/office_proofreading.h"
+#include "platform/word/proofreading_dialog.h"
 #include "platform/word/word_clipboard.h"
 
 #include <QFileInfo>
@@ -45,9 +47,10 @@ int WordSaveErrorFor(SaveError error, const QString& path) {
 }
 
 OfficeWordApplication::OfficeWordApplication(std::unique_ptr<OfficeInstance> instance, QWidget* window,
-                                             KeepInstance keep)
+                                             WordList& words, KeepInstance keep)
     : m_instance(std::move(instance))
     , m_window(window)
+    , m_words(words)
     , m_keep(std::move(keep)) {}
 
 OfficeWordApplication::~OfficeWordApplication() {
@@ -176,9 +179,14 @@ bool OfficeWordApplication::SetCheckGrammarWithSpelling(bool check) {
     return m_instance && m_instance->IsAlive();
 }
 
-// Writer's own check shows nothing for a document that is hidden.
+// Writer's own check shows nothing for a document that is hidden, so the dialog is ours.
 bool OfficeWordApplication::ActiveDocumentCheckGrammar() {
-    return false;
+    if (!m_instance || !m_instance->IsAlive())
+        return false;
+    OfficeProofreading proofreading(*m_instance, m_words, m_checksGrammar);
+    ProofreadingDialog dialog(m_window);
+    Proofread(proofreading, proofreading, dialog);
+    return m_instance->IsAlive();
 }
 
 bool OfficeWordApplication::ActiveDocumentSelect() {

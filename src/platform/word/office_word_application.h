@@ -3,6 +3,7 @@
 #include "platform/rich_text/rich_text_file.h"
 #include "platform/word/office_instance.h"
 #include "platform/word/word_application.h"
+#include "platform/word/word_list.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -19,8 +20,9 @@ public:
     // Takes an instance whose reference was dropped while it was hidden.
     using KeepInstance = std::function<void(std::unique_ptr<OfficeInstance>)>;
 
-    // `window` is the one in front of which dialogs of ours come.
-    OfficeWordApplication(std::unique_ptr<OfficeInstance> instance, QWidget* window, KeepInstance keep);
+    // `window` is the one in front of which dialogs of ours come. `words` are known to the check of spelling.
+    OfficeWordApplication(std::unique_ptr<OfficeInstance> instance, QWidget* window, WordList& words,
+                          KeepInstance keep);
     ~OfficeWordApplication() override;
 
     bool SetVisible(bool visible) override;
@@ -55,6 +57,7 @@ private:
 
     std::unique_ptr<OfficeInstance> m_instance; // null after Quit
     QPointer<QWidget> m_window;
+    WordList& m_words;
     KeepInstance m_keep;
     qint64 m_documentBytes = 0; // of what was put into the document, for how long it may take
     bool m_visible = false;

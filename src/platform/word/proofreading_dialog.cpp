@@ -116,6 +116,8 @@ ProofreadingReply ProofreadingDialog::Ask(const QString& paragraph, const Findin
 
 void ProofreadingDialog::Show(const QString& paragraph, const Finding& finding) {
     lblFinding->setText(finding.isGrammar ? finding.message : tr("Not in the dictionary:"));
+    txtSentence->clear();
+    txtSentence->setCurrentCharFormat(QTextCharFormat()); // else the mark of the last one goes on
     txtSentence->setPlainText(paragraph);
     QTextCursor doubted(txtSentence->document());
     doubted.setPosition(finding.start);
@@ -140,6 +142,8 @@ void ProofreadingDialog::Show(const QString& paragraph, const Finding& finding) 
 }
 
 void ProofreadingDialog::Answer(ProofreadingAnswer answer) {
+    if (!IsAsking())
+        return;
     m_reply = {answer, txtChangeTo->text()};
     m_wait.quit();
 }

@@ -22,6 +22,8 @@ public:
     explicit ProofreadingDialog(QWidget* parent);
 
     ProofreadingReply Ask(const QString& paragraph, const Finding& finding) override;
+    // Whether an answer is waited for; otherwise the next finding is looked for.
+    bool IsAsking() const { return m_wait.isRunning(); }
 
     QLabel* lblFinding; // what is wrong
     QTextEdit* txtSentence;

@@ -51,7 +51,7 @@ std::unique_ptr<WordApplication> WordProcessor::CreateWordApplication(QWidget* w
     if (!instance)
         return nullptr;
     return std::make_unique<OfficeWordApplication>(
-        std::move(instance), window,
+        std::move(instance), window, m_words,
         [this](std::unique_ptr<OfficeInstance> dropped) { m_dropped.push_back(std::move(dropped)); });
 }
 

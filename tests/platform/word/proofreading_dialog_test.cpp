@@ -87,6 +87,14 @@ private Q_SLOTS:
             m_dialog->btnIgnore->click();
         });
         QVERIFY(m_dialog->isVisible()); // until the next one
+        Ask({0, 4, false, QString(), {}}, [&] {
+            QTextCursor cursor(m_dialog->txtSentence->document());
+            cursor.setPosition(2);
+            QVERIFY(cursor.charFormat().fontUnderline());
+            cursor.setPosition(7);
+            QVERIFY(!cursor.charFormat().fontUnderline());
+            m_dialog->btnIgnore->click();
+        });
     }
 
     void GrammarSaysWhatIsWrongAndTeachesNoDictionary() {

@@ -9,10 +9,13 @@
 #include <com/sun/star/frame/XController2.hpp>
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
+#include <com/sun/star/linguistic2/XProofreader.hpp>
+#include <com/sun/star/linguistic2/XSpellChecker.hpp>
 #include <com/sun/star/text/XTextDocument.hpp>
 #include <com/sun/star/text/XTextViewCursor.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
 #include <rtl/ref.hxx>
+#include <vector>
 
 namespace platform {
 
@@ -47,6 +50,12 @@ public:
     bool ShowFullPage() override;
     PreviewProgress PreviewingProgress() override;
 
+    std::optional<QStringList> Paragraphs() override;
+    bool ReplaceInParagraph(int index, int start, const QString& old, const QString& text) override;
+    std::optional<QStringList> Misspelt(const QStringList& words) override;
+    std::optional<QStringList> Suggestions(const QString& word) override;
+    std::optional<std::vector<Finding>> CheckGrammar(const QString& sentence) override;
+
     std::optional<QByteArray> DocumentFile() override;
 
 private:
@@ -57,14 +66,20 @@ private:
     css::uno::Reference<css::frame::XFrame> Frame() const;
     css::uno::Reference<css::awt::XWindow> Window() const;
     css::uno::Reference<css::text::XTextViewCursor> ViewCursor() const;
+    css::uno::Reference<css::linguistic2::XSpellChecker> SpellChecker();
+    css::uno::Reference<css::linguistic2::XProofreader> Proofreader();
     bool IsInPreview() const;
     bool Dispatch(const char* command, const css::uno::Sequence<css::beans::PropertyValue>& arguments = {});
     bool SetStyleLength(const Style& style, PageLength length, sal_Int32 hundredths) const;
 
     css::uno::Reference<css::uno::XComponentContext> m_context; // LibreOffice's
     css::uno::Reference<css::frame::XDesktop2> m_desktop;
-    css::uno::Reference<css::text::XTextDocument> m_document; // the active one
-    css::uno::Reference<css::frame::XFrame> m_frame;          // its frame
+    css::uno::Reference<css::text::XTextDocument> m_document;             // the active one
+    css::uno::Reference<css::frame::XFrame> m_frame;                      // its frame
+    std::vector<css::uno::Reference<css::text::XTextRange>> m_paragraphs; // as they were last asked for
+    css::uno::Reference<css::linguistic2::XSpellChecker> m_spellChecker;
+    css::uno::Reference<css::linguistic2::XProofreader> m_proofreader;
+    bool m_soughtProofreader = false;
     rtl::Reference<PrintJobWatcher> m_printJob;
     std::optional<std::chrono::steady_clock::time_point> m_drawnSince; // its pages
 };

@@ -2,11 +2,14 @@
 // time, so that the program neither needs LibreOffice to be built nor to start.
 #pragma once
 
+#include "platform/word/proofreading.h"
 #include "platform/word/word_application.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <optional>
+#include <vector>
 
 namespace platform {
 
@@ -52,6 +55,14 @@ public:
     virtual bool StartPreview() = 0; // true when it is there
     virtual bool ShowFullPage() = 0;
     virtual PreviewProgress PreviewingProgress() = 0;
+
+    // For a check of spelling and grammar of American English.
+    virtual std::optional<QStringList> Paragraphs() = 0; // of the text and its tables
+    // Replaces a piece of one of those; the new text has the format of the old one.
+    virtual bool ReplaceInParagraph(int index, int start, const QString& old, const QString& text) = 0;
+    virtual std::optional<QStringList> Misspelt(const QStringList& words) = 0;
+    virtual std::optional<QStringList> Suggestions(const QString& word) = 0;
+    virtual std::optional<std::vector<Finding>> CheckGrammar(const QString& sentence) = 0;
 
     // The document as a Word 97 file.
     virtual std::optional<QByteArray> DocumentFile() = 0;
