@@ -181,18 +181,20 @@ private Q_SLOTS:
     void AWordProcessorThatDiesInTheMiddleTakesNothingAlong() {
         Desk desk(*m_writer);
         desk.Load("{\\rtf1\\ansi The biulding and the dilivery.\\par}");
-        Answers answers({[this](ProofreadingDialog& dialog) {
-                             m_writer->Signal(SIGKILL);
-                             Change(dialog);
-                         },
-                         Change, Change});
-        QElapsedTimer timer;
-        timer.start();
-        desk.Check();
-        QCOMPARE(desk.Text().trimmed(), u"The biulding and the dilivery."_qs);
-        QVERIFY(desk.IsAtRest());
-        QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(m_writer->HasNoLocks());
+        {
+            Answers answers({[this](ProofreadingDialog& dialog) {
+                                 m_writer->Signal(SIGKILL);
+                                 Change(dialog);
+                             },
+                             Change, Change});
+            QElapsedTimer timer;
+            timer.start();
+            desk.Check();
+            QCOMPARE(desk.Text().trimmed(), u"The biulding and the dilivery."_qs);
+            QVERIFY(desk.IsAtRest());
+            QVERIFY(m_writer->HasNoProcesses());
+            QVERIFY(m_writer->HasNoLocks());
+        }
         Answers second({Change, Change});
         desk.Check();
         QCOMPARE(desk.Text().trimmed(), u"The building and the delivery."_qs);
