@@ -143,6 +143,10 @@ void RtfBodyWriter::WriteBlock(const QTextBlock& block, int level, Ending ending
             const auto format = [&fragment] { return fragment.charFormat(); };
             const RtfCharFormats::Entry& chars = m_chars.At(index, format);
             enter(chars, keyOf(index, format));
+            if (chars.isRaised) {
+                m_out->Raw("{");
+                m_out->Words("\\super");
+            }
             const QStringView part = QStringView(text).mid(fragment.position() - start, fragment.length());
             if (part.front() == QChar::ObjectReplacementCharacter) {
                 const QTextCharFormat object = format();
@@ -151,12 +155,21 @@ void RtfBodyWriter::WriteBlock(const QTextBlock& block, int level, Ending ending
             } else {
                 m_out->Text(part, chars.inSymbols);
             }
+            if (chars.isRaised)
+                m_out->Raw("}");
         }
     }
     const bool staysInField = paragraph.isFiller && isEmpty;
-    enter(MarkOf(block, atCellStart),
+    const RtfCharFormats::Entry& mark = MarkOf(block, atCellStart);
+    enter(mark,
           staysInField ? m_key : keyOf(block.charFormatIndex(), [&block] { return block.charFormat(); }));
+    if (mark.isRaised) {
+        m_out->Raw("{");
+        m_out->Words("\\super");
+    }
     WriteEnding(paragraph, ending);
+    if (mark.isRaised)
+        m_out->Raw("}");
 }
 
 void RtfBodyWriter::WriteStart(const RtfBlockFormats::Entry& paragraph, const RtfCharFormats::Entry& chars,

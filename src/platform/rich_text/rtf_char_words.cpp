@@ -131,7 +131,7 @@ void WriteCharChange(const RtfCharWords& from, const RtfCharWords& to, RtfOutput
     if (from.underline != to.underline)
         out.Words(to.underline < 0 ? "\\ulnone" : kUnderlines[to.underline]);
     if (from.script != to.script)
-        out.Words(to.script == 0 ? "\\nosupersub" : to.script > 0 ? "\\super" : "\\sub");
+        out.Words(to.script == 0 ? "\\nosupersub" : "\\sub");
     if (from.baseline != to.baseline)
         out.Word(to.baseline < 0 ? "\\dn" : "\\up", std::abs(to.baseline));
 }
@@ -151,7 +151,7 @@ std::unique_ptr<RtfCharFormats::Entry> RtfCharFormats::Make(const QTextCharForma
     words.halfPoints = HalfPointsOf(format, m_defaultFont);
     words.underline = UnderlineOf(format);
     if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript)
-        words.script = 1;
+        entry->isRaised = true;
     else if (format.verticalAlignment() == QTextCharFormat::AlignSubScript)
         words.script = -1;
     // hidden text is drawn in no colour

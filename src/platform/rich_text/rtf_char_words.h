@@ -29,7 +29,7 @@ struct RtfCharWords {
     int font = 0;
     int halfPoints = 24;
     int underline = -1; // UnderlineKinds, -1 for none
-    int script = 0;     // 1 raised, -1 lowered
+    int script = 0;     // -1 lowered; for raised text see RtfCharFormats::Entry
     int color = 0;
     int behind = 0;
     int spacing = 0;  // twips
@@ -50,6 +50,9 @@ public:
         RtfCharWords words;
         QByteArray full; // from nothing, \plain included
         bool inSymbols = false;
+        // Raised text stands in a group of its own behind \\super, as LibreOffice loses what follows the word
+        // until the end of its group.
+        bool isRaised = false;
         RtfNumbers::Uses uses;
     };
 

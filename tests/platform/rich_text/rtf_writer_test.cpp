@@ -38,6 +38,22 @@ class RtfWriterTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    // LibreOffice loses what follows \\super in the same group.
+    void RaisedTextStandsInAGroupOfItsOwn() {
+        const auto document = ReadRtf("{\\rtf1 E=mc\\super 2\\nosupersub  or\\sub 3\\par\\super a\\par b}");
+        const QByteArray source = WriteRtf(*document);
+        QCOMPARE(source.count("\\super"), source.count("{\\super"));
+        QVERIFY(source.contains("{\\super 2}"));
+        QVERIFY(source.contains("{\\super a}"));
+        const auto again = ReadRtf(source);
+        QCOMPARE(WriteRtf(*again), source);
+        QTextCursor cursor(again.get());
+        cursor.setPosition(5);
+        QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignSuperScript);
+        cursor.setPosition(6);
+        QCOMPARE(cursor.charFormat().verticalAlignment(), QTextCharFormat::AlignNormal);
+    }
+
     void WritesText_data();
     void WritesText();
     void WritesCharacterFormats_data();
@@ -85,7 +101,7 @@ void RtfWriterTest::WritesCharacterFormats_data() {
     row("strike", QTextFormat::FontStrikeOut, true, "\\strike x");
     row("underline", QTextFormat::TextUnderlineStyle, 1, "\\ul x");
     row("wave", QTextFormat::TextUnderlineStyle, 6, "\\ulwave x");
-    row("raised", QTextFormat::TextVerticalAlignment, 1, "\\super x");
+    row("raised", QTextFormat::TextVerticalAlignment, 1, "{\\super x}{\\super");
     row("capitals", QTextFormat::FontCapitalization, 1, "\\caps x");
     row("colour", QTextFormat::ForegroundBrush, QBrush(QColor(1, 2, 3)), "\\cf1 x");
     row("marked", QTextFormat::BackgroundBrush, QBrush(QColor(1, 2, 3)), "\\highlight1 x");
