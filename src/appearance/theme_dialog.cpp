@@ -2,6 +2,7 @@
 
 #include "appearance/icons.h"
 #include "appearance/theme_commands.h"
+#include "appearance/theme_sheet.h"
 #include "library/library_store.h"
 #include "platform/controls/centre.h"
 #include "platform/controls/my_button.h"
@@ -75,6 +76,7 @@ frmTheme::frmTheme(ThemeCommands& commands, LibraryStore& store, QWidget* parent
 
     platform::CentreOnScreen(this);
     ShowTheme();
+    qApp->installEventFilter(this);
     btnNext->setFocus();
 }
 
@@ -83,7 +85,6 @@ QBoxLayout* frmTheme::BuildSample() {
     lblTheme = new QLabel(this);
     lblTheme->setObjectName(QStringLiteral("lblTheme"));
     lblTheme->setAlignment(Qt::AlignCenter);
-    lblTheme->setAutoFillBackground(true);
     lblTheme->setFixedSize(kSampleWidth, kSampleHeight);
     btnNext = MakeStepButton(this, "btnNext", tr("Next Theme"), "next-hit");
     auto* row = new QHBoxLayout;
@@ -118,15 +119,18 @@ void frmTheme::ShowTheme() {
     const ThemeSample sample = SampleOf(m_stepper.Current());
     lblTheme->setText(QLatin1String(sample.caption));
     m_store.WriteThemeNumber(m_stepper.Number());
+    ShowColors();
+}
 
-    const QPalette desktop = QGuiApplication::palette();
-    QPalette ground = desktop;
-    ground.setColor(QPalette::Window, Resolve(sample.background, desktop));
-    setPalette(ground);
-    QPalette label = desktop;
-    label.setColor(QPalette::Window, Resolve(sample.labelBackground, desktop));
-    label.setColor(QPalette::WindowText, Resolve(sample.labelText, desktop));
-    lblTheme->setPalette(label);
+// The rules of the main window reach its dialogs, too, and rules win over palettes.
+void frmTheme::ShowColors() {
+    setStyleSheet(SampleSheet(SampleOf(m_stepper.Current()), QGuiApplication::palette()));
+}
+
+bool frmTheme::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange)
+        ShowColors();
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmTheme::ApplyTheme() {

@@ -36,12 +36,14 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QBoxLayout* BuildSample();
     QBoxLayout* BuildButtons();
     void Step(void (ThemeStepper::*step)());
     void ShowTheme();
+    void ShowColors();
     void ApplyTheme();
     void Cancel();
 

@@ -48,4 +48,11 @@ QString ThemeSheet(const Theme& theme, const QPalette& desktop) {
              list.join(QStringLiteral(", ")), ground.name(), (vanishes ? QColor(Qt::black) : ink).name());
 }
 
+QString SampleSheet(const ThemeSample& sample, const QPalette& desktop) {
+    return QStringLiteral("QDialog#frmTheme { background-color: %1; }\n"
+                          "QDialog#frmTheme QLabel#lblTheme { background-color: %2; color: %3; }\n")
+        .arg(Resolve(sample.background, desktop).name(), Resolve(sample.labelBackground, desktop).name(),
+             Resolve(sample.labelText, desktop).name());
+}
+
 } // namespace quillbrook

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "appearance/theme_stepper.h"
 #include "appearance/themes.h"
 
 #include <QString>
@@ -10,6 +11,9 @@ namespace quillbrook {
 // palette. It sets backgrounds. Texts stay as the desktop has them; only where a desktop's pale text would
 // vanish on the theme's pale lists are these written in black.
 QString ThemeSheet(const Theme& theme, const QPalette& desktop);
+
+// The same for the theme dialog and its sample.
+QString SampleSheet(const ThemeSample& sample, const QPalette& desktop);
 
 // How well a text can be read on a ground, from 1 (not at all) to 21: the contrast ratio of WCAG 2.1.
 double ContrastRatio(const QColor& text, const QColor& ground);

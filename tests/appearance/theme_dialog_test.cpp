@@ -1,3 +1,4 @@
+#include "appearance/look.h"
 #include "appearance/theme_commands.h"
 #include "appearance/theme_dialog.h"
 #include "appearance/themes.h"
@@ -27,9 +28,21 @@ class ThemeDialogTest : public QObject {
     }
     static std::unique_ptr<frmTheme> Open(TestWindow& window, int number) {
         window->Store().WriteThemeNumber(number);
-        auto dialog = std::make_unique<frmTheme>(*window->themeCommands, window->Store());
+        auto dialog = std::make_unique<frmTheme>(*window->themeCommands, window->Store(), &*window);
         dialog->show();
         return dialog;
+    }
+    // On the screen: the name in `text` on the list colour, on the page colour.
+    static void ShowsColors(frmTheme& dialog, int number, const QColor& text) {
+        const QPalette desktop = QGuiApplication::palette();
+        QCOMPARE(dialog.grab().toImage().pixelColor(2, 2), Resolve(ThemeOf(number).page, desktop));
+        const QImage label = dialog.lblTheme->grab().toImage();
+        QCOMPARE(label.pixelColor(2, 2), Resolve(ThemeOf(number).list, desktop));
+        int written = 0;
+        for (int y = 0; y < label.height(); ++y)
+            for (int x = 0; x < label.width(); ++x)
+                written += label.pixelColor(x, y) == text ? 1 : 0;
+        QVERIFY2(written > 20, qPrintable(QString::number(written)));
     }
     // Runs the dialog of the menu entry, with what is to be done in it.
     static void Choose(TestWindow& window, const QString& entry, const std::function<void(frmTheme*)>& act) {
@@ -48,6 +61,8 @@ class ThemeDialogTest : public QObject {
     }
 
 private Q_SLOTS:
+    void initTestCase() { ApplyLook(*qApp); }
+
     void OpensAtTheStoredThemeAndTouchesNoMainWindow() {
         TestWindow window;
         const QString sheet = window->styleSheet();
@@ -137,10 +152,23 @@ private Q_SLOTS:
         QFETCH(QColor, text);
         TestWindow window;
         const auto dialog = Open(window, number);
-        const QPalette desktop = QGuiApplication::palette();
-        QCOMPARE(dialog->lblTheme->palette().color(QPalette::WindowText), text);
-        QCOMPARE(dialog->lblTheme->grab().toImage().pixelColor(2, 2), Resolve(ThemeOf(number).list, desktop));
-        QCOMPARE(dialog->grab().toImage().pixelColor(2, 2), Resolve(ThemeOf(number).page, desktop));
+        ShowsColors(*dialog, number, text);
+        dialog->btnNext->click();
+        dialog->btnPrevious->click();
+        ShowsColors(*dialog, number, text);
+    }
+
+    void TheFirstThemesSampleFollowsADesktopThatTurnsDark() {
+        TestWindow window;
+        const auto dialog = Open(window, 1);
+        const QPalette before = QGuiApplication::palette();
+        QPalette dark = before;
+        dark.setColor(QPalette::Button, QColor(52, 52, 56));
+        dark.setColor(QPalette::Base, QColor(30, 30, 32));
+        QApplication::setPalette(dark);
+        ShowsColors(*dialog, 1, Qt::black);
+        QApplication::setPalette(before);
+        ShowsColors(*dialog, 1, Qt::black);
     }
 
     void ApplyKeepsTheThemeAndGoes() {
