@@ -12,6 +12,11 @@ go_to() {
 }
 
 start_program
+splash=$(wait_window 'Loading' 30) || fail "the splash did not come"
+sleep 0.1
+kill -STOP "$program_pid" # it stands for half a second only
+picture_of "$splash" 00-splash
+kill -CONT "$program_pid"
 main=$(wait_window 'Quillbrook by' 60) || fail "the main window did not come"
 picture 01-start
 
@@ -156,8 +161,38 @@ if [ -e "${TOUR_WRITER:-}" ] && command -v soffice >/dev/null; then
   settle
 fi
 
+# the colour themes on one sheet: each step of the dialog shows at once
+keys alt+t Return
+dialog=$(wait_window 'Color Theme') || fail "the theme dialog did not come"
+timeout 10 xdotool windowmove "$dialog" 10 30 || fail "the theme dialog was not moved"
+settle
+mkdir -p "$TOUR_FOLDER/themes"
+for number in $(seq -w 2 34) 35; do
+  keys space
+  sleep 0.2
+  timeout 60 import -silent -window "$main" -resize 300x "$TOUR_FOLDER/themes/$number.png" || fail "no picture of a theme"
+  if [ "$number" = 03 ]; then picture_of "$dialog" 27-theme-dialog; fi
+done
+timeout 120 montage "$TOUR_FOLDER"/themes/*.png -tile 6x -geometry +4+4 "$TOUR_FOLDER/28-themes.png" || fail "no sheet of themes"
+rm -r "$TOUR_FOLDER/themes"
+echo "  28-themes"
+keys Escape
+wait_no_window 'Color Theme' || fail "the theme dialog stays"
+
+# the author's card and the about box
+keys alt+h Up Up Return
+dialog=$(wait_window 'Contact Atty') || fail "the contact card did not come"
+picture_of "$dialog" 29-contact
+keys Return
+wait_no_window 'Contact Atty' || fail "the contact card stays"
+keys alt+h Up Return
+dialog=$(wait_window 'Click to pause') || fail "the about box did not come"
+picture_of "$dialog" 30-about
+keys Escape
+wait_no_window 'Click to pause' || fail "the about box stays"
+
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 27-large
+picture_of "$main" 31-large
 
 close_program "$main"
