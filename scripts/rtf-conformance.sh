@@ -18,12 +18,14 @@ if [ -d "$folder/text" ]; then options+=(--settled "$folder/text"); fi
 
 # The office program with a profile of its own, so that it does not join one that is open; again for what is left
 # when it ends in the middle.
+shopt -s nocaseglob
 if command -v soffice >/dev/null; then
   mkdir "$work/text"
   for round in 1 2 3; do
     left=()
     for file in "$folder"/*.rtf; do
-      if [ -f "$file" ] && [ ! -f "$work/text/$(basename "$file" .rtf).txt" ]; then left+=("$file"); fi
+      name=$(basename "$file")
+      if [ -f "$file" ] && [ ! -f "$work/text/${name%.*}.txt" ]; then left+=("$file"); fi
     done
     if [ ${#left[@]} -eq 0 ]; then break; fi
     started=$(date +%s%N)
