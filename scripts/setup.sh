@@ -22,6 +22,7 @@ build|libsqlcipher-dev|lib:sqlcipher|the encrypted database engine of the librar
 build|libssl-dev|pc:libcrypto|the ciphers of the database engine
 build|libhunspell-dev|pc:hunspell|reads the dictionary that the forms are spelt by
 build|hunspell-en-us|none|that dictionary: American English
+build|fp-utils-3.2.2 fp-utils|cmd:chmcmd|compiles the help file
 build|libgl-dev|pc:gl|the toolkit's headers ask for it
 build|fonts-liberation2 fonts-liberation|font:Liberation Serif|the letter shapes of the forms
 word|libreoffice-writer|cmd:soffice|the word processor that prints with options, previews, exports and saves documents

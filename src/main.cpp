@@ -5,6 +5,7 @@
 #include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/sound.h"
+#include "platform/help/help_viewer.h"
 #include "platform/services.h"
 #include "platform/word/word_processor.h"
 
@@ -27,7 +28,8 @@ int main(int argc, char* argv[]) {
                            QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
                                QStringLiteral("/dictionary.txt"));
     platform::DesktopSound sound;
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
+    platform::HelpViewer help;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound, help};
 
     quillbrook::frmProgram program(services, QApplication::applicationDirPath());
     program.Start();

@@ -15,6 +15,7 @@ take_tour() {
     mkdir -p "$tour/program" "$folder" "$tour_home/$scale"/{run,config,data,cache}
     chmod 700 "$tour_home/$scale/run"
     cp build/release/quillbrook "$tour/program/"
+    if [ -e build/release/Help.chm ]; then cp build/release/Help.chm "$tour/program/"; fi
     build_library "$tour/program/Data/Forms.dat"
     echo "Tour at scale $scale"
     HOME=$tour_home/$scale XDG_RUNTIME_DIR=$tour_home/$scale/run XDG_CONFIG_HOME=$tour_home/$scale/config \

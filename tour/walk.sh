@@ -191,8 +191,20 @@ picture_of "$dialog" 30-about
 keys Escape
 wait_no_window 'Click to pause' || fail "the about box stays"
 
+# the help: by its key, then a page found by its words
+keys F1
+help=$(wait_window 'Quillbrook Help') || fail "the help did not come"
+picture_of "$help" 31-help
+click "$help" 165 70 # its Search
+click "$help" 130 105
+write "long paper"
+keys Return
+picture_of "$help" 32-help-search
+keys Escape
+wait_no_window 'Quillbrook Help' || fail "the help stays"
+
 # a large window: the page keeps a comfortable width
 timeout 10 xdotool windowsize --sync "$main" "$(scaled 1280)" "$(scaled 900)" || fail "not resized"
-picture_of "$main" 31-large
+picture_of "$main" 33-large
 
 close_program "$main"

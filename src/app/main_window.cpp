@@ -199,6 +199,8 @@ void frmMain::ConnectToolbar() {
             &ClauseCommands::AddVerification);
     connect(leftToolbar->btnSave, &platform::MyButton::Click, Menu(QStringLiteral("mnuSave")),
             [this] { fileCommands->ShowSaveDialog(); });
+    connect(Menu(QStringLiteral("mnuHelpContents")), &QAction::triggered, this,
+            [this] { m_services.help.DisplayTopic(this, m_services.help.HelpFile()); });
     connect(leftToolbar->btnHelp, &platform::MyButton::Click, Menu(QStringLiteral("mnuHelpContents")),
             &QAction::trigger);
 }
@@ -211,9 +213,9 @@ void frmMain::BuildCommands() {
     paperCommands = new PaperCommands(*this, m_windows, this);
     fileCommands = new FileCommands(*myFormsPage, *this, m_state, m_variables, m_windows, m_services, this);
     printCommands = new PrintCommands(*leftToolbar->btnPrint, *this, m_services, this);
-    wordCommands = new WordCommands(*leftToolbar->btnEditMSWord, *leftToolbar->btnPrint, *this, m_state,
-                                    *paperCommands, m_variables, m_services, fileCommands->CommonDialog1(),
-                                    this);
+    wordCommands =
+        new WordCommands(*leftToolbar->btnEditMSWord, *leftToolbar->btnPrint, *this, m_state, *paperCommands,
+                         m_variables, m_services, fileCommands->CommonDialog1(), this);
     spellingCommand = new SpellingCommand(*leftToolbar->btnSpellCheck, *this, *paperCommands, m_variables,
                                           m_services, this);
     printCommands->SetPrintRoute([this] { return wordCommands->PrintPane(); });

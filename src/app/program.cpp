@@ -12,8 +12,9 @@ namespace quillbrook {
 
 frmProgram::frmProgram(platform::Services& services, const QString& executableFolder)
     : m_services(services)
-    , m_executableFolder(WithFinalSeparator(executableFolder))
-    , m_helpFile(m_executableFolder + QStringLiteral("Help.chm")) {}
+    , m_executableFolder(WithFinalSeparator(executableFolder)) {
+    services.help.SetHelpFile(m_executableFolder + QStringLiteral("Help.chm"));
+}
 
 frmProgram::~frmProgram() = default;
 

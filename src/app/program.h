@@ -22,7 +22,6 @@ public:
     // Shows the splash and returns; the rest happens in the event loop.
     void Start();
 
-    const QString& HelpFile() const { return m_helpFile; }
     frmMain* MainWindow() const { return m_mainWindow.get(); } // null until the splash loads it
     frmSplash* Splash() const { return m_splash.get(); } // null before the start and after the hand-over
 
@@ -32,7 +31,6 @@ private:
 
     platform::Services& m_services;
     QString m_executableFolder;
-    QString m_helpFile;
     std::unique_ptr<frmMain> m_mainWindow;
     std::unique_ptr<frmSplash> m_splash;
 };

@@ -130,6 +130,19 @@ public:
     virtual void Beep() = 0; // the system's beep
 };
 
+// Shows compiled help files, in a window of its own.
+class HelpService {
+public:
+    virtual ~HelpService() = default;
+
+    // The program's help file.
+    virtual QString HelpFile() const = 0;
+    virtual void SetHelpFile(const QString& path) = 0;
+
+    // Opens a help file at its default topic, in front of `owner`. A missing or damaged file is told there.
+    virtual void DisplayTopic(QWidget* owner, const QString& file) = 0;
+};
+
 // References to one of each; they outlive every window.
 struct Services {
     MessageBoxService& messageBox;
@@ -138,6 +151,7 @@ struct Services {
     PrinterService& printer;
     WordProcessorService& wordProcessor;
     SoundService& sound;
+    HelpService& help;
 };
 
 } // namespace platform

@@ -46,7 +46,7 @@ private Q_SLOTS:
         const TestLibrary library(SomeForms());
         ScriptedServices services;
         const frmProgram program(services.services, library.Folder());
-        QCOMPARE(program.HelpFile(), library.Folder() + u"/Help.chm"_qs);
+        QCOMPARE(services.help.helpFile, library.Folder() + u"/Help.chm"_qs);
         QVERIFY(!program.MainWindow());
     }
 

@@ -54,7 +54,7 @@ case " $* " in *" install "*) printf '%s\n' "$@" >> "$HERE/installed" ;; esac)")
     QVERIFY(installed.open(QIODevice::WriteOnly));
     installed.write(
         "g++\ncmake\nninja-build\nccache\npkg-config\nqt6-base-dev\nqt6-svg-dev\nqt6-qpa-plugins\n"
-        "libsqlcipher-dev\nlibssl-dev\nlibhunspell-dev\nhunspell-en-us\nlibgl-dev\nfonts-"
+        "libsqlcipher-dev\nlibssl-dev\nlibhunspell-dev\nhunspell-en-us\nfp-utils-3.2.2\nlibgl-dev\nfonts-"
         "liberation2\nxvfb\n");
 }
 

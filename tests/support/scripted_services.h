@@ -147,6 +147,22 @@ public:
     int beeps = 0;
 };
 
+// Help that is asked for and kept for the test to read.
+class ScriptedHelp final : public platform::HelpService {
+public:
+    struct Shown {
+        QWidget* owner;
+        QString file;
+    };
+
+    QString HelpFile() const override { return helpFile; }
+    void SetHelpFile(const QString& path) override { helpFile = path; }
+    void DisplayTopic(QWidget* owner, const QString& file) override { shown.push_back({owner, file}); }
+
+    QString helpFile;
+    std::vector<Shown> shown;
+};
+
 struct ScriptedServices {
     ScriptedMessageBox messageBox;
     ScriptedInstance instance;
@@ -154,5 +170,6 @@ struct ScriptedServices {
     ScriptedPrinter printer;
     RecordingWord wordProcessor;
     CountedSound sound;
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
+    ScriptedHelp help;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound, help};
 };
