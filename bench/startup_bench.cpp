@@ -13,6 +13,7 @@
 #include "platform/desktop/printer.h"
 #include "platform/desktop/single_instance.h"
 #include "platform/desktop/sound.h"
+#include "platform/help/help_viewer.h"
 #include "platform/services.h"
 #include "platform/word/word_processor.h"
 
@@ -46,7 +47,8 @@ int Start(int argc, char* argv[], const QString& folder) {
     platform::Printer printer(QStringLiteral("Quillbrook PRO"));
     platform::WordProcessor wordProcessor(folder);
     platform::DesktopSound sound;
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound};
+    platform::HelpViewer help;
+    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound, help};
     frmProgram program(services, folder);
     program.Start();
 
