@@ -195,8 +195,8 @@ wait_no_window 'Click to pause' || fail "the about box stays"
 keys F1
 help=$(wait_window 'Quillbrook Help') || fail "the help did not come"
 picture_of "$help" 31-help
-click "$help" 165 70 # its Search
-click "$help" 130 105
+click "$help" 175 58 # its Search
+click "$help" 130 90
 write "long paper"
 keys Return
 picture_of "$help" 32-help-search

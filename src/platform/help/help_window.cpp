@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kMargin = 8;
-constexpr QSize kWindow(980, 680);
+constexpr QSize kWindow(1024, 700);
 constexpr QSize kButton(84, 28);
 constexpr int kSide = 280;
 constexpr double kPageMargin = 24;
@@ -167,6 +167,7 @@ bool HelpWindow::ShowFile(const QString& path) {
         TellTrouble(state);
         return false;
     }
+    contents->setFocus();
     setWindowTitle(m_book.Title().isEmpty() ? tr("Help") : m_book.Title());
     return true;
 }
