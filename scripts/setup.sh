@@ -26,6 +26,8 @@ build|fp-utils-3.2.2 fp-utils|cmd:chmcmd|compiles the help file
 build|libgl-dev|pc:gl|the toolkit's headers ask for it
 build|fonts-liberation2 fonts-liberation|font:Liberation Serif|the letter shapes of the forms
 word|libreoffice-writer|cmd:soffice|the word processor that prints with options, previews, exports and saves documents
+word|libreoffice-lightproof-en|none|its rules of English grammar, for the check of spelling and grammar
+word|python3-uno|none|runs those rules
 word|libreoffice-dev|none|what the bridge to that word processor is built with
 wayland|qt6-wayland|none|windows on a desktop that has no X server
 wayland|libreoffice-gtk3|none|the same for the windows of the word processor

@@ -159,6 +159,14 @@ if [ -e "${TOUR_WRITER:-}" ] && command -v soffice >/dev/null; then
   picture 26-saved
   keys Return
   settle
+  click "$main" 40 258 # Check Spelling
+  if dialog=$(wait_window 'Spelling & Grammar$' 60); then
+    picture_of "$dialog" 26-spelling
+    keys Escape # the changes made until then would stay
+  fi
+  dialog=$(wait_window '^Quillbrook PRO' 60) || fail "the check does not end"
+  keys Return
+  settle
 fi
 
 # the colour themes on one sheet: each step of the dialog shows at once
