@@ -8,8 +8,9 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
-#include <QTextCursor>
+#include <QKeyEvent>
 
 namespace quillbrook {
 
@@ -38,7 +39,9 @@ ClipboardCommands::ClipboardCommands(EditToolBar& bar, Workbench& workbench, Win
     entry("mnuPopSelectAll", &ClipboardCommands::SelectAll);
 }
 
-void ClipboardCommands::CountAsTyping() { m_state.DocumentSaved = false; }
+void ClipboardCommands::CountAsTyping() {
+    m_state.DocumentSaved = false;
+}
 
 void ClipboardCommands::Cut() {
     RichTextBox* pane = m_workbench.ActivePane();
@@ -71,9 +74,9 @@ void ClipboardCommands::Paste() {
 void ClipboardCommands::Delete() {
     RichTextBox* pane = m_workbench.ActivePane();
     platform::SetFocus(pane);
-    QTextCursor cursor = pane->textCursor();
-    cursor.deleteChar();
-    pane->setTextCursor(cursor);
+    // all that the key takes care of: the font of an emptied pane, the bullets and numbers of what is left
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QCoreApplication::sendEvent(pane, &press);
 }
 
 void ClipboardCommands::SelectAll() {

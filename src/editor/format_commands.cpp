@@ -25,7 +25,9 @@ constexpr int kCenter = 2;
 constexpr int kIndentStep = 700;    // twips
 constexpr int kBulletHanging = 350; // twips
 
-QString SizeText(double points) { return QString::number(points, 'g', 6); }
+QString SizeText(double points) {
+    return QString::number(points, 'g', 6);
+}
 
 // Sets the opposite of what the whole selection has, and shows it; nothing is set on a mixed one.
 void Toggle(RichTextBox* pane, MyButton* button, std::optional<bool> (RichTextBox::*read)() const,
@@ -37,8 +39,20 @@ void Toggle(RichTextBox* pane, MyButton* button, std::optional<bool> (RichTextBo
     button->setValue((pane->*read)().value_or(false));
 }
 
-QString Upper(const QString& text) { return text.toUpper(); }
-QString Lower(const QString& text) { return text.toLower(); }
+// Character by character, so that the length stays: no "SS" for the one small letter that stands for it.
+template <typename Convert>
+QString Converted(QString text, Convert convert) {
+    for (QChar& character : text)
+        character = convert(character);
+    return text;
+}
+
+QString Upper(const QString& text) {
+    return Converted(text, [](QChar character) { return character.toUpper(); });
+}
+QString Lower(const QString& text) {
+    return Converted(text, [](QChar character) { return character.toLower(); });
+}
 
 } // namespace
 
@@ -137,8 +151,12 @@ void FormatCommands::ToggleBullet() {
     pane->setSelHangingIndent(on ? kBulletHanging : 0);
 }
 
-void FormatCommands::UpperCase() { ChangeCase(Upper); }
-void FormatCommands::LowerCase() { ChangeCase(Lower); }
+void FormatCommands::UpperCase() {
+    ChangeCase(Upper);
+}
+void FormatCommands::LowerCase() {
+    ChangeCase(Lower);
+}
 
 void FormatCommands::ChangeCase(QString (*convert)(const QString&)) {
     RichTextBox* pane = m_workbench.StrictPane();
@@ -167,13 +185,14 @@ void FormatCommands::ShowFontDialog() {
     platform::FontChoice choice{*name, *size, *bold, *italic, false, *underline, *color};
     if (!m_services.commonDialog.ShowFont(m_workbench.Window(), choice))
         return;
-    pane->setSelFontName(choice.FontName);
-    pane->setSelFontSize(choice.FontSize);
-    pane->setSelBold(choice.FontBold);
-    pane->setSelItalic(choice.FontItalic);
-    pane->setSelStrikeThru(choice.FontStrikethru);
-    pane->setSelUnderline(choice.FontUnderline);
-    pane->setSelColor(choice.Color);
+    m_dialogColor = choice.Color;
+    // the first that the box refuses ends the command
+    const bool isWritten = pane->setSelFontName(choice.FontName) && pane->setSelFontSize(choice.FontSize) &&
+                           pane->setSelBold(choice.FontBold) && pane->setSelItalic(choice.FontItalic) &&
+                           pane->setSelStrikeThru(choice.FontStrikethru) &&
+                           pane->setSelUnderline(choice.FontUnderline) && pane->setSelColor(choice.Color);
+    if (!isWritten)
+        return;
     if (const auto shown = pane->SelFontSize())
         m_bar.cboFontSize->setText(SizeText(*shown));
 }

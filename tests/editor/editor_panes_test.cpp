@@ -237,6 +237,53 @@ private Q_SLOTS:
         QVERIFY(Main().State().DocumentSaved);
     }
 
+    void DeleteLeavesWhatItsKeyLeaves_data() {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("mnuPopDelete") << false;
+        QTest::newRow("key") << true;
+    }
+    void DeleteLeavesWhatItsKeyLeaves() {
+        QFETCH(bool, byKey);
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"all of it"_qs);
+        pane->selectAll();
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        QSignalSpy changes(pane, &RichTextBox::Change);
+        if (byKey)
+            QTest::keyClick(pane, Qt::Key_Delete);
+        else
+            Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), QString());
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        pane->setSelText(u"new"_qs);
+        pane->selectAll();
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(20.0));
+    }
+
+    void DeleteCountsOnTheNumbersOfWhatIsLeft() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        const auto item = [](int number, const char* text) {
+            return QStringLiteral("{\\pntext %1.\\tab}%2").arg(number).arg(QLatin1String(text));
+        };
+        pane->setTextRTF(
+            QStringLiteral("{\\rtf1{\\*\\pn\\pnlvlbody\\pndec\\pnstart1{\\pntxta .}}\\fi-360\\li360 ") +
+            item(1, "one") + u"\\par "_qs + item(2, "two") + u"\\par "_qs + item(3, "three") + u"\\par}"_qs);
+        const QString source = pane->TextRTF();
+        pane->setSelStart(0);
+        pane->setSelLength(4);
+        QTest::keyClick(pane, Qt::Key_Delete);
+        const QString byKey = pane->TextRTF();
+        QVERIFY(pane->Text().startsWith(u"two"));
+        pane->setTextRTF(source);
+        pane->setSelStart(0);
+        pane->setSelLength(4);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->TextRTF(), byKey);
+    }
+
     void SelectAllSelectsTheWholePane_data() {
         QTest::addColumn<int>("tab");
         QTest::newRow("mnuSelectAll") << 2;
@@ -251,6 +298,22 @@ private Q_SLOTS:
     }
 
     // --- keys
+
+    void ACharacterMakesTheDocumentUnsavedInEitherPane_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("form") << 2;
+        QTest::newRow("my form") << 5;
+    }
+    void ACharacterMakesTheDocumentUnsavedInEitherPane() {
+        QFETCH(int, tab);
+        RichTextBox* pane = Go(Tab(tab));
+        pane->setText(u"some text"_qs);
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_End, Qt::Key_Home, Qt::Key_Delete})
+            QTest::keyClick(pane, key);
+        QVERIFY(Main().State().DocumentSaved);
+        QTest::keyClicks(pane, u"x"_qs);
+        QVERIFY(!Main().State().DocumentSaved);
+    }
 
     void TabWritesATabWhereAFormIsEdited() {
         RichTextBox* pane = Go(Tab::EditForm);

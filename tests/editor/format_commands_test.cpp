@@ -201,6 +201,13 @@ private Q_SLOTS:
         QCOMPARE(pane->SelIndent(), std::optional(0));
     }
 
+    void AnIndentSmallerThanAStepStays() {
+        RichTextBox* pane = Edit(u"some text"_qs);
+        pane->setSelIndent(350);
+        Run(u"mnuDecreaseIndent"_qs);
+        QCOMPARE(pane->SelIndent(), std::optional(350));
+    }
+
     void TheBulletComesWithItsHangingIndentAndGoesWithIt() {
         RichTextBox* pane = Edit(u"one\ntwo"_qs);
         Main().SetTab(Tab::MyForms); // the page does not matter
@@ -238,6 +245,28 @@ private Q_SLOTS:
         QVERIFY(pane->hasFocus());
     }
 
+    void ConvertingTheCaseKeepsTheLength() {
+        RichTextBox* pane = Edit(u"stra\u00dfe \ufb01n"_qs, 0, 9);
+        Run(u"btnUpper"_qs);
+        QCOMPARE(pane->Text(), u"STRA\u00dfE \ufb01N"_qs);
+        QCOMPARE(pane->SelStart(), 0);
+        QCOMPARE(pane->SelLength(), 9);
+        pane->setText(u"\u0130X"_qs);
+        pane->selectAll();
+        Run(u"btnLower"_qs);
+        QCOMPARE(pane->Text(), u"\u0130x"_qs);
+    }
+
+    void ConvertingTheCaseGivesTheSelectionOneFormat() {
+        RichTextBox* pane = Edit(u"one two"_qs, 0, 3);
+        pane->setSelBold(true);
+        pane->selectAll();
+        QVERIFY(!pane->SelBold());
+        Run(u"btnUpper"_qs);
+        QCOMPARE(pane->Text(), u"ONE TWO"_qs);
+        QCOMPARE(pane->SelBold(), std::optional(true));
+    }
+
     void WithNothingSelectedTheCaseCommandsChangeNothing() {
         RichTextBox* pane = Edit(u"one Two"_qs, 3);
         const QString before = pane->TextRTF();
@@ -254,6 +283,7 @@ private Q_SLOTS:
         pane->setSelFontSize(20);
         pane->setSelBold(true);
         pane->setSelUnderline(true);
+        pane->setSelStrikeThru(true);
         pane->setSelColor(QColor(10, 20, 30));
         Dialog().confirmed = false;
         Run(u"btnFontDialog"_qs);
@@ -264,6 +294,7 @@ private Q_SLOTS:
         QVERIFY(shown.FontBold);
         QVERIFY(!shown.FontItalic);
         QVERIFY(shown.FontUnderline);
+        QVERIFY(!shown.FontStrikethru); // never read from the selection
         QCOMPARE(shown.Color, QColor(10, 20, 30));
     }
 
@@ -299,6 +330,19 @@ private Q_SLOTS:
         const QString before = pane->TextRTF();
         Run(u"btnFontDialog"_qs);
         QCOMPARE(pane->TextRTF(), before);
+    }
+
+    void AFormatThatTheBoxRefusesEndsTheFontDialogsCommand() {
+        RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
+        const QString shown = Bar().cboFontSize->Text();
+        Dialog().font = {u"Liberation Mono"_qs, 0, true, true, true, true, QColor(1, 2, 3)};
+        Run(u"btnFontDialog"_qs);
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Mono"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+        QCOMPARE(pane->SelBold(), std::optional(false));
+        QCOMPARE(pane->SelStrikeThru(), std::optional(false));
+        QCOMPARE(pane->SelColor(), std::optional(QColor(0, 0, 0)));
+        QCOMPARE(Bar().cboFontSize->Text(), shown);
     }
 
     void TheFontDialogDoesNotOpenForAMixedSelection_data() {
@@ -370,6 +414,50 @@ private Q_SLOTS:
         Run(u"mnucolor"_qs);
         QCOMPARE(pane->SelColor(), std::optional(QColor(0, 0, 200)));
         QCOMPARE(Dialog().colorsShown.back(), QColor(0, 0, 200));
+    }
+
+    void AColourChosenInTheFontDialogIsTheOneChosenLast() {
+        RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
+        Dialog().font = {u"Liberation Mono"_qs, 18, false, false, false, false, QColor(1, 2, 3)};
+        Run(u"btnFontDialog"_qs);
+        pane->setSelStart(5);
+        pane->setSelLength(4);
+        Dialog().confirmed = false;
+        Run(u"mnucolor"_qs);
+        QCOMPARE(Dialog().colorsShown.back(), QColor(1, 2, 3));
+        QCOMPARE(pane->SelColor(), std::optional(QColor(1, 2, 3)));
+    }
+
+    void OnPagesWithoutEditingTheColourDialogIsShownAllTheSame() {
+        RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
+        Main().SetTab(Tab::Search);
+        const QString before = pane->TextRTF();
+        Dialog().color = QColor(0, 128, 0);
+        Run(u"mnucolor"_qs);
+        QCOMPARE(Dialog().colorsShown.size(), size_t(1));
+        QCOMPARE(pane->TextRTF(), before);
+    }
+
+    void OnTheOwnPageCommandsLeaveTheReadingPane_data() {
+        QTest::addColumn<int>("unused");
+        for (const char* name : {"btnBold", "mnuItalic", "btnUnderline", "btnCenter", "btnRight",
+                                 "btnIncrease", "mnuIncreaseIndent", "btnUpper", "mnuUpperCase"})
+            QTest::newRow(name) << 0;
+    }
+    void OnTheOwnPageCommandsLeaveTheReadingPane() {
+        QFETCH(int, unused);
+        Q_UNUSED(unused);
+        RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
+        Main().SetTab(Tab::MyForms);
+        RichTextBox* mine = Main().txtMyContent();
+        mine->setText(u"my text"_qs);
+        mine->setSelStart(0);
+        mine->setSelLength(2);
+        const QString before = pane->TextRTF();
+        const QString mineBefore = mine->TextRTF();
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(pane->TextRTF(), before);
+        QVERIFY(mine->TextRTF() != mineBefore);
     }
 
     void FormattingByCommandsLeavesTheDocumentSaved() {

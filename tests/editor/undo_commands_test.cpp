@@ -135,6 +135,30 @@ private Q_SLOTS:
         QCOMPARE(Main().txtMyContent()->Text(), u"xy"_qs);
     }
 
+    void OnTheOwnPageItsButtonsAndTheMenusFollow() {
+        Main().SetTab(Tab::MyForms);
+        const bool undo = Bar().btnUndo->isEnabled();
+        const bool redo = Bar().btnRedo->isEnabled();
+        const auto verify = [this](bool canUndo, bool canRedo) {
+            QCOMPARE(Bar().btnMyUndo->isEnabled(), canUndo);
+            QCOMPARE(Main().Menu(u"mnuUndo"_qs)->isEnabled(), canUndo);
+            QCOMPARE(Main().Menu(u"mnuPopUndo"_qs)->isEnabled(), canUndo);
+            QCOMPARE(Bar().btnMyRedo->isEnabled(), canRedo);
+            QCOMPARE(Main().Menu(u"mnuRedo"_qs)->isEnabled(), canRedo);
+            QCOMPARE(Main().Menu(u"mnuPopRedo"_qs)->isEnabled(), canRedo);
+        };
+        verify(false, false);
+        QTest::keyClicks(Main().txtMyContent(), u"xyz"_qs);
+        verify(true, false);
+        Main().Menu(u"mnuPopUndo"_qs)->trigger();
+        verify(true, true);
+        Bar().btnMyRedo->click();
+        verify(true, false);
+        QCOMPARE(Main().txtMyContent()->Text(), u"xyz"_qs);
+        QCOMPARE(Bar().btnUndo->isEnabled(), undo);
+        QCOMPARE(Bar().btnRedo->isEnabled(), redo);
+    }
+
     void TheCaretStaysAboutWhereItWas() {
         Pane().setText(u"one two three"_qs);
         Pane().setSelStart(7);
