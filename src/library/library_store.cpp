@@ -130,9 +130,9 @@ void LibraryStore::CloseSearchQuery() {
 }
 
 bool LibraryStore::FindMyFormByTitle(const QString& title) {
-    const bool opened = Open(MyFormsQueryDef, MyFormsRecordset, TitleStatement(title));
-    const bool moved = MyFormsRecordset && MyFormsRecordset->MoveFirst();
-    return opened && moved;
+    // a new result stands on its first row; an earlier one that stays in force stays where it stands, so that
+    // no edit or deletion falls on a row that is not on display
+    return Open(MyFormsQueryDef, MyFormsRecordset, TitleStatement(title)) && !MyFormsRecordset->AtEnd();
 }
 
 std::optional<QString> LibraryStore::MyFormsField(const QString& field) const {

@@ -206,6 +206,22 @@ private Q_SLOTS:
         QVERIFY(window->categoryBrowser->CategoryButton(u"btnAcknowledgment"_qs)->Value());
     }
 
+    void ThePageSetupIsLoadedLastAndNotShown() {
+        TestWindow window;
+        QCOMPARE(window->Windows().Loaded(), QStringList(u"frmPageSetup"_qs));
+        QVERIFY(!window->Windows().Load(u"frmPageSetup"_qs)->isVisible());
+        TestWindow empty(std::vector<TestForm>{});
+        QVERIFY(empty->Windows().Loaded().isEmpty());
+    }
+
+    void TheGuideOfTheQueryStandsStill() {
+        TestWindow window;
+        const auto* timer = window->findChild<QTimer*>(u"tmrUpdateSearchGuide"_qs);
+        QVERIFY(timer);
+        QCOMPARE(timer->interval(), 1);
+        QVERIFY(!timer->isActive());
+    }
+
     void AnEarlierInstanceIsBroughtForwardAndTheLibraryStaysShut() {
         TestLibrary library(SomeForms());
         ScriptedServices services;

@@ -140,12 +140,84 @@ private Q_SLOTS:
             << u"mnuPopUndo mnuPopRedo - mnuPopCut mnuPopCopy mnuPopPaste mnuPopDelete - "
                u"mnuPopSelectAll - mnuPopFonts mnuPopColor - mnuChangeColor - "
                u"mnuPopAbout"_qs;
+        QTest::newRow("mnuTextStyle") << u"mnuBold mnuItalic mnuUnderline"_qs;
+        QTest::newRow("mnuAlignment") << u"mnuLeft mnuRight mnuCenter"_qs;
+        QTest::newRow("mnuIndent") << u"mnuIncreaseIndent mnuDecreaseIndent"_qs;
+        QTest::newRow("mnuCase") << u"mnuUpperCase mnuLowerCase"_qs;
+        QTest::newRow("mnuPaperSize") << u"mnuLongSize mnuShortSize mnuA4Size mnuCustomSize"_qs;
+        QTest::newRow("mnuTheme") << u"mnuChangeColorTheme mnuWindowsDefaultTheme"_qs;
+        QTest::newRow("mnuHelp") << u"mnuHelpContents - mnuContact - mnuAbout"_qs;
+        QTest::newRow("mnuDropSave") << u"mnuSaveAsDocFile mnuSaveAsRTFFile - mnuAddToMyForms"_qs;
+        QTest::newRow("mnuDropPrint") << u"mnuPageSetupPrint - mnuPrinterSetupDrop mnuPrintPreviewDrop"_qs;
         QTest::newRow("mnuCaption")
             << u"mnuCaptionSC mnuCaptionCA mnuCaptionRTC mnuCaptionMTC mnuCaptionMTCC"_qs;
     }
     void EntriesFollowInTheirOrder() {
         QFETCH(QString, names);
         QCOMPARE(NamesIn(QTest::currentDataTag()).join(u' '), names);
+    }
+
+    void EntriesHaveTheirCaptions_data() {
+        QTest::addColumn<QString>("caption");
+        const auto row = [](const char* name, const char* caption) { QTest::newRow(name) << Text(caption); };
+        row("mnuFile", "&File");
+        row("mnuNew", "&New");
+        row("mnuOpen", "&Open...");
+        row("mnuSave", "&Save...");
+        row("mnuPageSetup", "Page Setup...");
+        row("mnuPrint", "&Print...");
+        row("mnuPrintSetup", "Print Setup...");
+        row("mnuPrintPreview", "Print Preview");
+        row("mnuExit", "&Quit");
+        row("mnuEdit", "&Edit");
+        row("mnuUndo", "Undo");
+        row("mnuRedo", "Redo");
+        row("mnuPaperSize", "Paper Size");
+        row("mnuCustomSize", "Custom Size...");
+        row("mnuFormat", "F&ormat");
+        row("mnuFontDialog", "Fonts...");
+        row("mnuTextStyle", "Text Style");
+        row("mnuAlignment", "Text Alignment");
+        row("mnucolor", "Text Color...");
+        row("mnuBullet", "Bullet");
+        row("mnuIndent", "Indent");
+        row("mnuCase", "Change Case");
+        row("mnuTheme", "&Theme");
+        row("mnuChangeColorTheme", "Select Color Theme");
+        row("mnuWindowsDefaultTheme", "Windows Default");
+        row("mnuAddtoForm", "&Add to Form");
+        row("mnuHelp", "&Help");
+        row("mnuHelpContents", "Help Contents...");
+        row("mnuContact", "Contact Atty. Merrow...");
+        row("mnuAbout", "About Atty. Merrow...");
+        row("mnuSaveAsDocFile", "Save as .Doc File");
+        row("mnuSaveAsRTFFile", "Save as .RTF File");
+        row("mnuAddToMyForms", "Add to My Forms");
+        row("mnuPageSetupPrint", "Page Setup...");
+        row("mnuPrinterSetupDrop", "Printer Setup");
+        row("mnuPrintPreviewDrop", "Print Preview");
+    }
+    void EntriesHaveTheirCaptions() {
+        const MenuRow* row = FindMenuRow(QTest::currentDataTag());
+        QVERIFY(row);
+        QTEST(Text(row->caption), "caption");
+    }
+
+    void BarsStandInTheirMenus_data() {
+        QTest::addColumn<QString>("menu");
+        for (const char* name : {"mnuFileBar1", "mnuFileBar2", "mnuFileBar3"})
+            QTest::newRow(name) << u"mnuFile"_qs;
+        for (const char* name : {"Bar1", "Bar2"})
+            QTest::newRow(name) << u"mnuEdit"_qs;
+        for (const char* name : {"mnuFormatBar1", "mnuFormatBar2"})
+            QTest::newRow(name) << u"mnuFormat"_qs;
+        for (const char* name : {"mnuBar0", "mnuPopBar5"})
+            QTest::newRow(name) << u"mnuHelp"_qs;
+    }
+    void BarsStandInTheirMenus() {
+        const MenuRow* row = FindMenuRow(QTest::currentDataTag());
+        QVERIFY(row && row->kind == MenuKind::Bar);
+        QTEST(Text(row->parent), "menu");
     }
 
     void OnlyBarsAndPopUpsHaveNoCaption() {

@@ -1,8 +1,10 @@
 #include "library/category_browser.h"
 
 #include "library/category_buttons.h"
+#include "library/favorites_page.h"
 #include "library/history_page.h"
 #include "platform/controls/combo_box.h"
+#include "platform/controls/frame.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -10,6 +12,7 @@
 #include "tests/support/test_window.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QtTest>
 
 using namespace quillbrook;
@@ -67,6 +70,16 @@ private Q_SLOTS:
         QTEST((*m_window)->State().CurrentCategory, "category");
     }
 
+    void ThePageHasItsHeadings() {
+        QCOMPARE(Browser().lblQuillbrook->text(), u"Forms Explorer"_qs);
+        QCOMPARE(Browser().fmeSubject->Caption(), u"Click Category:"_qs);
+        QCOMPARE(Browser().fmeSubCategory->Caption(), u"Select Sub-Category:"_qs);
+        QCOMPARE(Browser().fmeTitle->Caption(), u"Click Title to Display:"_qs);
+        QCOMPARE((*m_window)->searchPage->lblSearch->text(), u"Advanced Search"_qs);
+        QCOMPARE((*m_window)->favoritesPage->lblFavorites->text(), u"My Favorite Forms"_qs);
+        QCOMPARE((*m_window)->historyPage->lblHistory->text(), u"Recently Opened Forms"_qs);
+    }
+
     void ExactlyOneButtonIsPressedAfterAnyClick() {
         for (const auto& clicked : kCategoryButtons) {
             Category(QLatin1String(clicked.name));
@@ -112,6 +125,20 @@ private Q_SLOTS:
         Browser().lstSubCategory->setText(u"Jurats"_qs);
         QCOMPARE(Browser().lstTitle->Items(), QStringList(u"Jurat Alone"_qs));
         QCOMPARE(Pane(), u"BEFORE ME"_qs);
+    }
+
+    void ASubCategoryWithAnApostropheListsWhatWasReadBefore() {
+        std::vector<TestForm> forms = SomeForms();
+        forms.push_back({u"Sale to the Buyer"_qs, u"Sales"_qs, u"Buyer's"_qs, u"one"_qs});
+        forms.push_back({u"Sale of Land"_qs, u"Sales"_qs, u"Land"_qs, u"two"_qs});
+        m_window = std::make_unique<TestWindow>(forms);
+        Category(u"btnSales"_qs);
+        QCOMPARE(Browser().lstSubCategory->Items(), QStringList({u"Buyer's"_qs, u"Land"_qs}));
+        QCOMPARE(Browser().lstTitle->Items(), QStringList()); // the result before has no titles
+        Browser().lstSubCategory->setListIndex(1);
+        Browser().lstSubCategory->setListIndex(0);
+        QCOMPARE(Browser().lstTitle->Items(), QStringList(u"Sale of Land"_qs));
+        QVERIFY(m_window->services.messageBox.shown.empty());
     }
 
     void ASubCategoryEmptiesTheQuery() {
@@ -175,12 +202,29 @@ private Q_SLOTS:
         QCOMPARE((*m_window)->txtContent()->TextRTF(), first);
     }
 
+    void WithoutASelectedTitleOnlyTheHitButtonsGo() {
+        (*m_window)->txtContent()->setText(u"stays"_qs);
+        (*m_window)->rtfContent()->setText(u"left alone"_qs);
+        for (QWidget* control : {static_cast<QWidget*>((*m_window)->searchPage->btnPreviousHit),
+                                 static_cast<QWidget*>((*m_window)->searchPage->btnNextHit),
+                                 static_cast<QWidget*>((*m_window)->searchPage->lblDisplayHits)})
+            control->show();
+        Browser().DisplaySelectedTitle();
+        QCOMPARE((*m_window)->txtContent()->Text(), u"stays"_qs);
+        QCOMPARE((*m_window)->rtfContent()->Text(), u"left alone"_qs);
+        QCOMPARE(History().ListCount(), 0);
+        QVERIFY((*m_window)->searchPage->btnPreviousHit->isHidden());
+        QVERIFY((*m_window)->searchPage->btnNextHit->isHidden());
+        QVERIFY((*m_window)->searchPage->lblDisplayHits->isHidden());
+    }
+
     void TheScratchPaneIsResetByEachTitle() {
         (*m_window)->rtfContent()->setText(u"left over"_qs);
         Title(u"Acknowledgment Alone"_qs);
         QCOMPARE((*m_window)->rtfContent()->Text(), QString());
         QCOMPARE((*m_window)->rtfContent()->SelFontSize(), std::optional(10.0));
         QCOMPARE((*m_window)->rtfContent()->SelBold(), std::optional(false));
+        QCOMPARE((*m_window)->rtfContent()->SelColor(), std::optional(QColor(Qt::black)));
     }
 
     void AnEmptyCategoryAsksForAForm_data() {

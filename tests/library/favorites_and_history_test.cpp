@@ -159,6 +159,35 @@ private Q_SLOTS:
                  QStringList({u"Second Acknowledgment"_qs, u"Acknowledgment Alone"_qs}));
     }
 
+    void TheChosenEntryStaysChosenWhenRepeatsGo() {
+        Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
+        Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
+        Browser().lstTitle->setText(u"Second Acknowledgment"_qs);
+        Main().SetTab(Tab::History);
+        TestWindow::ClickEntry(History().lstHistory, 1);
+        Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
+        Main().SetTab(Tab::FormsExplorer);
+        Main().SetTab(Tab::History);
+        QCOMPARE(History().lstHistory->ListCount(), 2);
+        QCOMPARE(History().lstHistory->Text(), u"Second Acknowledgment"_qs);
+        // it was not chosen anew, and the button finds it
+        QCOMPARE(TestWindow::TextOf(Main().txtContent()), u"BEFORE ME"_qs);
+        History().cmdAddtoFavs2->click();
+        QVERIFY(Box().shown.empty());
+        QCOMPARE(Main().Store().ListFavorites(), QStringList(u"Second Acknowledgment"_qs));
+    }
+
+    void AChosenRepeatGoesAndNothingIsChosen() {
+        Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
+        Main().SetTab(Tab::History);
+        Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
+        TestWindow::ClickEntry(History().lstHistory, 1);
+        Main().SetTab(Tab::Favorites);
+        Main().SetTab(Tab::History);
+        QCOMPARE(History().lstHistory->ListCount(), 1);
+        QCOMPARE(History().lstHistory->ListIndex(), -1);
+    }
+
     void ClearingAsksNothing() {
         Main().SetTab(Tab::History);
         History().cmdClearHist->click();

@@ -151,6 +151,29 @@ private Q_SLOTS:
         QVERIFY(!m_store->FindFormByTitle(QStringLiteral("x")));
     }
 
+    // ... by a title that the statement cannot hold either: no row but that on display is ever changed
+    void ARefusedTitleLeavesTheCollectionAtItsEnd() {
+        m_store->FindMyFormByTitle(QStringLiteral("My Deed"));
+        QVERIFY(
+            m_store->AddMyForm(QStringLiteral("My Deed"), QStringLiteral("Deeds"), QStringLiteral("text")));
+        m_store->ListMyForms();
+        QVERIFY(!m_store->FindMyFormByTitle(QStringLiteral("Heir's Deed")));
+        QVERIFY(m_store->MyFormsAtEnd());
+        QVERIFY(!m_store->MyFormsField(QStringLiteral("Title")));
+        QVERIFY(!m_store->SaveMyFormText(QStringLiteral("x"), QStringLiteral("y")));
+        QVERIFY(!m_store->DeleteMyForm());
+        QVERIFY(
+            m_store->AddMyForm(QStringLiteral("Heir's Deed"), QStringLiteral("Deeds"), QStringLiteral("z")));
+        QCOMPARE(m_store->ListMyForms().size(), 2);
+    }
+
+    void ARefusedTitleKeepsTheRowOnDisplay() {
+        m_store->FindMyFormByTitle(QStringLiteral("Special Power"));
+        QVERIFY(!m_store->FindMyFormByTitle(QStringLiteral("Heir's Deed")));
+        QVERIFY(!m_store->MyFormsAtEnd());
+        QCOMPARE(*m_store->MyFormsField(QStringLiteral("Title")), QStringLiteral("Special Power"));
+    }
+
     void TheThemeNumberIsReadAndWritten() {
         QCOMPARE(m_store->ReadThemeNumber(), std::optional(7));
         QVERIFY(m_store->WriteThemeNumber(34));

@@ -495,6 +495,18 @@ private Q_SLOTS:
         QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Heir's Waiver"_qs));
     }
 
+    void ATitleWithAnApostropheAtTheHeadOfAListDeletesNoOtherForm() {
+        std::vector<TestForm> forms = SomeForms();
+        forms.push_back(Own(u"Zeta"_qs, u"Estate"_qs));
+        forms.push_back(Own(u"Heir's Waiver"_qs, u"Estate"_qs));
+        Open(forms);
+        QCOMPARE(Page().lstMyTitle->Text(), u"Heir's Waiver"_qs);
+        QCOMPARE(Page().txtMyTitle->text(), QString());
+        Box().answer = MessageAnswer::Yes;
+        Page().btnDelete->click();
+        QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"Heir's Waiver"_qs, u"Zeta"_qs}));
+    }
+
     void ASubCategoryWithAnApostropheListsTheTitlesReadBefore() {
         std::vector<TestForm> forms = SomeForms();
         forms.push_back(Own(u"First"_qs, u"Client's"_qs));
