@@ -111,7 +111,7 @@ void FileCommands::SaveAsRTFFile() {
 
 bool FileCommands::AskWhereToSave() {
     m_dialog.title = QStringLiteral("Save As");
-    m_dialog.filter = QStringLiteral("Quillbrook (*.rtf *.txt)");
+    m_dialog.filter = QStringLiteral("Quillbrook (*.rtf) (*.rtf *.txt)");
     m_dialog.asksBeforeOverwriting = true;
     return m_services.commonDialog.ShowSave(m_workbench.Window(), m_dialog) && !m_dialog.FileName.isEmpty();
 }

@@ -149,7 +149,7 @@ WordCommands::Next WordCommands::SaveOnce() {
 
 bool WordCommands::AskWhereToSave() {
     m_dialog.title = QStringLiteral("Save Form as an MS Word\u00AE Document");
-    m_dialog.filter = QStringLiteral("Word Document (*.doc)");
+    m_dialog.filter = QStringLiteral("Word Document (*.doc) (*.doc)");
     m_dialog.asksBeforeOverwriting = true;
     const PointerForDialog pointer(m_pointer);
     return m_services.commonDialog.ShowSave(m_workbench.Window(), m_dialog) && !m_dialog.FileName.isEmpty();

@@ -97,7 +97,7 @@ void FileCommandsTest::TheSaveDialogIsAskedAsItsTextsSay() {
     const auto& shown = window.services.commonDialog.filesShown;
     QCOMPARE(shown.size(), 2U);
     QCOMPARE(shown[0].title, u"Save As"_qs);
-    QCOMPARE(shown[0].filter, u"Quillbrook (*.rtf *.txt)"_qs);
+    QCOMPARE(shown[0].filter, u"Quillbrook (*.rtf) (*.rtf *.txt)"_qs);
     QVERIFY(shown[0].asksBeforeOverwriting);
     QCOMPARE(shown[1].title, u"Open"_qs);
     QCOMPARE(shown[1].filter, u"Supported Types (*.doc *.rtf *.txt)"_qs);

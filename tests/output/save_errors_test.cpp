@@ -63,6 +63,8 @@ void SaveErrorsTest::ADotFourFromTheEndChangesTheExtension_data() {
     QTest::newRow("only an extension") << u".txt"_qs << u".rtf"_qs;
     QTest::newRow("one character") << u"a"_qs << u"a"_qs;
     QTest::newRow("three characters") << u".ab"_qs << u".ab"_qs;
+    QTest::newRow("a dot of the folder") << u"/a.b/c"_qs << u"/a.b/c"_qs;
+    QTest::newRow("a dot of the folder, two letters") << u"/a./cd"_qs << u"/a./cd"_qs;
     QTest::newRow("empty") << u""_qs << u""_qs;
 }
 

@@ -206,8 +206,40 @@ private Q_SLOTS:
         QCOMPARE(desk.window->txtContent()->Text(), u"A dede"_qs);
     }
 
+    void WhatIsNotOnTheClipboardIsNotInThePane() {
+        Desk desk;
+        desk.Word().failing = {u"Selection.Cut"_qs};
+        const auto record = desk.Word().onCall;
+        desk.Word().onCall = [record](const QString& call) {
+            record(call);
+            if (call == u"Selection.Cut")
+                QGuiApplication::clipboard()->clear();
+        };
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), QString());
+        QCOMPARE(desk.window.services.messageBox.shown[0].text, u"Spell & Grammar Check completed!   "_qs);
+    }
+
+    void ThePaneHasTheKeyboardAtTheEnd_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("edited form") << int(Tab::EditForm);
+        QTest::newRow("own form") << int(Tab::MyForms);
+    }
+    void ThePaneHasTheKeyboardAtTheEnd() {
+        QFETCH(int, tab);
+        Desk desk;
+        QVERIFY(desk.window.Show());
+        desk.window->SetTab(Tab(tab));
+        desk.window->leftToolbar->btnSave->setFocus();
+        desk.Check();
+        QCOMPARE(QApplication::focusWidget(), desk.window->ActivePane());
+        QVERIFY(desk.window->ActivePane()->hasFocus());
+    }
+
     void TheButtonRunsTheCheck() {
         Desk desk;
+        QCOMPARE(desk.window->leftToolbar->btnSpellCheck->toolTip(),
+                 u"Check Document for Spelling & Grammatical Errors"_qs);
         QVERIFY(desk.window.Show());
         QTest::mouseClick(desk.window->leftToolbar->btnSpellCheck, Qt::LeftButton);
         QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);

@@ -450,7 +450,7 @@ private Q_SLOTS:
         const auto& shown = desk.window.services.commonDialog.filesShown;
         QCOMPARE(shown.size(), std::size_t(1));
         QCOMPARE(shown[0].title, u"Save Form as an MS Word\u00AE Document"_qs);
-        QCOMPARE(shown[0].filter, u"Word Document (*.doc)"_qs);
+        QCOMPARE(shown[0].filter, u"Word Document (*.doc) (*.doc)"_qs);
         QVERIFY(shown[0].asksBeforeOverwriting);
     }
 
@@ -524,6 +524,32 @@ private Q_SLOTS:
         QVERIFY(desk.Word().content.contains("My own"));
         QCOMPARE(desk.State().CurrentFilePath, QString());
         QCOMPARE(desk.State().CurrentFileTitle, u"own.doc"_qs);
+    }
+
+    // What was chosen stays chosen, so that the next silent save goes there.
+    void AFailedSaveKeepsTheNameItWasGiven() {
+        Desk desk;
+        desk.Answer(u"/forms/deed.rtf"_qs);
+        desk.Word().saveErrors = {1};
+        desk.Commands().SaveAsMSDoc();
+        QCOMPARE(desk.State().CurrentFilePath, u"/forms/deed.doc"_qs);
+        QCOMPARE(desk.State().CurrentFileTitle, u"deed.rtf"_qs);
+        QVERIFY(desk.window->Menu(u"mnuSave"_qs)->isEnabled());
+    }
+
+    void AfterwardsAnOwnFormHasTheKeyboard_data() {
+        QTest::addColumn<int>("row");
+        for (const int row : {1, 2, 3})
+            QTest::newRow(Commands()[std::size_t(row)].name) << row;
+    }
+    void AfterwardsAnOwnFormHasTheKeyboard() {
+        QFETCH(int, row);
+        Desk desk;
+        QVERIFY(desk.window.Show());
+        desk.window->SetTab(Tab::MyForms);
+        desk.window->leftToolbar->btnSave->setFocus();
+        Row(row).run(desk);
+        QCOMPARE(QApplication::focusWidget(), desk.window->txtMyContent());
     }
 
     void EachSaveErrorIsToldAndGoesItsWay_data() {

@@ -64,9 +64,14 @@ public:
         return confirmed;
     }
 
-    bool ShowSave(QWidget*, platform::FileChoice& choice) override { return ShowFile(choice); }
-    bool ShowOpen(QWidget*, platform::FileChoice& choice) override { return ShowFile(choice); }
+    bool ShowSave(QWidget* parent, platform::FileChoice& choice) override {
+        return real ? real->ShowSave(parent, choice) : ShowFile(choice);
+    }
+    bool ShowOpen(QWidget* parent, platform::FileChoice& choice) override {
+        return real ? real->ShowOpen(parent, choice) : ShowFile(choice);
+    }
 
+    platform::CommonDialogService* real = nullptr; // set: it shows the file dialogs
     bool confirmed = true;
     QStringList files; // given by the file dialogs one after the other; then they are cancelled
     std::vector<platform::FileChoice> filesShown;

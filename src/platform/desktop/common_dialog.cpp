@@ -24,8 +24,10 @@ bool CommonDialog::ShowColor(QWidget* parent, QColor& color) {
     return true;
 }
 
-// Shows the dialog with the file chosen last in it.
+// Shows the dialog with the file chosen last in it. Of a filter the user sees the name: its patterns can be
+// others than those that the name tells.
 static bool ShowFileDialog(QFileDialog& dialog, FileChoice& choice) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!choice.FileName.isEmpty())
         dialog.selectFile(choice.FileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
