@@ -85,6 +85,7 @@ bool Printer::EndDoc() {
     m_painter.reset();
     m_device.reset(); // writes the end of a PDF
     if (m_file) {
+        done = done && m_file->flush(); // commit() would not see that it fails
         if (!done)
             m_file->cancelWriting();
         done = m_file->commit() && done;

@@ -128,7 +128,9 @@ SaveError WriteFileWhole(const QString& path, const QByteArray& source) {
     if (HasOtherNames(info))
         return WriteInPlace(path, source);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(source) != source.size() || !file.commit())
+    // flushed first: commit() does not see when what is left in the buffer finds no room
+    if (!file.open(QIODevice::WriteOnly) || file.write(source) != source.size() || !file.flush() ||
+        !file.commit())
         return SaveErrorFor(file.error() == QFileDevice::NoError ? QFileDevice::WriteError : file.error(),
                             path);
     return SaveError::None;

@@ -257,11 +257,19 @@ private Q_SLOTS:
         box.setText(QString(200'000, u'x'));
         const int large = box.SaveFile(path);
         const QByteArray after = Read(path);
+        // one that fits into the buffer of writing, when there is no room at all
+        Write(disk + QStringLiteral("/filler"), QByteArray(60 * 1024, 'x'));
+        box.setText(QString(2'000, u'y'));
+        const int buffered = box.SaveFile(path);
+        const QByteArray afterBuffered = Read(path);
+        QVERIFY(QFile::remove(disk + QStringLiteral("/filler")));
         const auto files = QDir(disk).entryList(QDir::Files | QDir::Hidden);
         QVERIFY(Run(QStringLiteral("umount"), {disk}));
         QCOMPARE(small, 0);
         QCOMPARE(large, 61);
         QCOMPARE(after, before);
+        QCOMPARE(buffered, 61);
+        QCOMPARE(afterBuffered, before);
         QCOMPARE(files, QStringList(QStringLiteral("a.rtf")));
     }
 
