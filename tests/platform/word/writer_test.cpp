@@ -7,6 +7,7 @@
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
 #include "tests/support/real_writer.h"
+#include "tests/support/small_disk.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -229,6 +230,25 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(Path(u".~lock.deed.doc#"_qs)));
     }
 
+    void ADocumentThatBeginsWithATableComesWhole() {
+        QFile source(Path(u"table.doc"_qs)); // the word processor goes by what is in the file
+        QVERIFY(source.open(QIODevice::WriteOnly));
+        source.write("{\\rtf1\\ansi\\trowd\\cellx3000\\cellx6000\\intbl first\\cell second\\cell\\row"
+                     "\\pard behind the table\\par the end\\par}");
+        source.close();
+        const auto word = m_writer->Service().CreateWordApplication(nullptr);
+        QVERIFY(word);
+        QVERIFY(word->DocumentsOpen(source.fileName()));
+        QVERIFY(word->SelectionWholeStory());
+        QVERIFY(word->SelectionCopy());
+        QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
+        QVERIFY(word->Quit(platform::wdDoNotSaveChanges));
+        platform::RichTextBox pane;
+        QVERIFY(pane.setTextRTF(platform::ClipboardRTF()));
+        for (const QString& part : {u"first"_qs, u"second"_qs, u"behind the table"_qs, u"the end"_qs})
+            QVERIFY2(pane.Text().contains(part), qPrintable(pane.Text()));
+    }
+
     void AllTextComesInTheAutomaticColour_data() {
         QTest::addColumn<QByteArray>("body");
         const QByteArray table =
@@ -294,6 +314,34 @@ private Q_SLOTS:
         QCOMPARE(word->ActiveDocumentSaveAs(Path(u"gone.doc"_qs)), platform::kWordServerGone);
         QVERIFY(!QFile::exists(Path(u"gone.doc"_qs)));
         m_word.reset();
+        QVERIFY(m_writer->HasNoProcesses());
+    }
+
+    void ADiskThatTakesNothingIsToldAndAnotherIsAskedFor_data() {
+        QTest::addColumn<bool>("full");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("read-only") << false
+                                   << u"Disk is not writable!   \nPlease try another disk drive.   "_qs;
+        QTest::newRow("full")
+            << true << u"Disk full!   \nPlease delete some files first to gain some disk space!   "_qs;
+    }
+    void ADiskThatTakesNothingIsToldAndAnotherIsAskedFor() {
+        QFETCH(bool, full);
+        QFETCH(QString, text);
+        SmallDisk disk;
+        if (!disk.IsMounted())
+            QSKIP("no file system can be mounted here");
+        QVERIFY(full ? disk.Fill() : disk.Lock());
+        const QStringList before = disk.Files();
+        Desk desk(*m_writer);
+        desk.window.services.commonDialog.files = {disk.Path(u"deed.doc"_qs)};
+        desk.Commands().SaveAsMSDoc(); // the second file dialog is cancelled
+        QCOMPARE(desk.Messages().size(), std::size_t(1));
+        QCOMPARE(desk.Messages()[0].text, text);
+        QCOMPARE(desk.Messages()[0].icon, MessageIcon::Critical);
+        QCOMPARE(desk.window.services.commonDialog.filesShown.size(), std::size_t(2));
+        QCOMPARE(disk.Files(), before);
+        QVERIFY(desk.IsAtRest());
         QVERIFY(m_writer->HasNoProcesses());
     }
 

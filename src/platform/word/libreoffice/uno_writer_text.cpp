@@ -38,8 +38,12 @@ bool UnoWriterSession::Paste(const QByteArray& richText) {
     });
 }
 
+// Where the document begins with a table, the first time takes only the cell, the second the table.
 bool UnoWriterSession::SelectAll() {
-    return Succeeds([&] { return Controller().is() && Dispatch(".uno:SelectAll"); });
+    return Succeeds([&] {
+        return Controller().is() && Dispatch(".uno:SelectAll") && Dispatch(".uno:SelectAll") &&
+               Dispatch(".uno:SelectAll");
+    });
 }
 
 // A cursor over the whole text passes over tables, so the cells have their own.
