@@ -89,6 +89,24 @@ private Q_SLOTS:
         next.CloseLibrary();
     }
 
+    void TheWindowsThatTheExitTakesAwayAreThere() {
+        TestWindow window;
+        for (const char* name :
+             {"frmPageSetup", "frmAbout", "frmContact", "frmJurat", "frmSave", "frmTheme", "frmVerification"})
+            QVERIFY2(window->Windows().IsOffered(QLatin1String(name)), name);
+    }
+
+    void QuittingAfterAClauseOfTheMenuAsksNothing() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->categoryBrowser->lstTitle->setListIndex(0);
+        const QString before = window->txtContent()->Text();
+        window->Menu(u"mnuJuratIndividual"_qs)->trigger();
+        QVERIFY(window->txtContent()->Text() != before);
+        QVERIFY(window->close());
+        QVERIFY(window.services.messageBox.shown.empty());
+    }
+
     void LoadedWindowsGo() {
         TestWindow window;
         QVERIFY(window.Show());

@@ -91,6 +91,19 @@ private Q_SLOTS:
         QVERIFY(window.services.messageBox.shown.empty());
     }
 
+    void WithoutAMailProgramTheSecondPanelSaysNothing() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        const QTemporaryDir nothing;
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", nothing.path().toLocal8Bit());
+        QTest::mouseClick(window->StatusBar1->Panel(2), Qt::LeftButton);
+        qputenv("PATH", path);
+        QVERIFY(window.services.messageBox.shown.empty());
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(window->windowTitle(), window->Variables().PageTitle);
+    }
+
     void TheOtherPanelsLeadToTheirMenuEntries() {
         TestWindow window;
         QVERIFY(window.Show());

@@ -98,6 +98,17 @@ private Q_SLOTS:
         QCOMPARE(triggered.size(), 1);
     }
 
+    void F1ReachesTheHelpEntryFromEveryPage() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        QSignalSpy triggered(window->Menu(u"mnuHelpContents"_qs), &QAction::triggered);
+        for (int tab = 0; tab < 6; ++tab) {
+            window->SetTab(Tab(tab));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+            QCOMPARE(triggered.size(), tab + 1);
+        }
+    }
+
     void CtrlQLeaves() {
         TestWindow window;
         QVERIFY(window.Show());
