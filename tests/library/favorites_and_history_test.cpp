@@ -8,6 +8,7 @@
 #include "tests/support/test_window.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QtTest>
 
 using namespace quillbrook;
@@ -53,6 +54,19 @@ private Q_SLOTS:
         QVERIFY(button);
         QTEST(button->Caption(), "caption");
         QTEST(button->toolTip(), "tip");
+    }
+
+    void ThePagesHaveTheirHeadings() {
+        QCOMPARE(Favorites().lblFavorites->text(), u"My Favorite Forms"_qs);
+        QCOMPARE(History().lblHistory->text(), u"Recently Opened Forms"_qs);
+    }
+
+    void TheFavouritesStandInAlphabeticalOrder() {
+        for (const QString& title : {u"Special Power"_qs, u"Affidavit of Loss"_qs, u"Labor Complaint"_qs})
+            Main().Store().SetFavorite(title, 1);
+        Main().SetTab(Tab::Favorites);
+        QCOMPARE(Favorites().lstFavorites->Items(),
+                 QStringList({u"Affidavit of Loss"_qs, u"Labor Complaint"_qs, u"Special Power"_qs}));
     }
 
     void AFavouriteIsOnTheListWhenItsPageIsNextChosen() {

@@ -73,14 +73,34 @@ private Q_SLOTS:
         QCOMPARE(Page().btnPreviousHit->Caption(), u"Previous Hit"_qs);
         QCOMPARE(Page().btnNextHit->Caption(), u"Next Hit"_qs);
         QCOMPARE(Page().lblDisplayHits->text(), u"Display Hits"_qs);
-        for (size_t i = 0; i < std::size(kSearchModes); ++i) {
-            QCOMPARE(Page().modeButtons[i]->objectName(), QLatin1String(kSearchModes[i].button));
-            QCOMPARE(Page().modeButtons[i]->text(), QLatin1String(kSearchModes[i].caption));
-            QCOMPARE(Page().modeButtons[i]->toolTip(), QLatin1String(kSearchModes[i].toolTip));
-            QCOMPARE(Page().twinButtons[i]->objectName(), QLatin1String(kSearchModes[i].twin));
-            QCOMPARE(Page().twinButtons[i]->text(), QLatin1String(kSearchModes[i].twinCaption));
-            QCOMPARE(Page().twinButtons[i]->toolTip(), QLatin1String(kSearchModes[i].toolTip));
-        }
+    }
+
+    void TheModeButtonsHaveTheirCaptionsAndTips_data() {
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("tip");
+        const QString all = u"Find Forms with ALL the search words."_qs;
+        const QString any = u"Find Forms with ANY or EITHER of the search words."_qs;
+        const QString phrase = u"Find Forms containing the ENTIRE PHRASE."_qs;
+        QTest::newRow("optAND") << u"All Words"_qs << all;
+        QTest::newRow("optOR") << u"Any / Either"_qs << any;
+        QTest::newRow("optPHRASE") << u"Phrase"_qs << phrase;
+        QTest::newRow("optAND1") << u"All Words (Find Forms w/ ALL the words)"_qs << all;
+        QTest::newRow("optOR1") << u"Any / Either (Find Forms w/ ANY of the words)"_qs << any;
+        QTest::newRow("optPHRASE1") << u"Entire Phrase (Find Forms w/ the phrase)"_qs << phrase;
+    }
+    void TheModeButtonsHaveTheirCaptionsAndTips() {
+        const auto* button = Main().findChild<QRadioButton*>(QLatin1String(QTest::currentDataTag()));
+        QVERIFY(button);
+        QTEST(button->text(), "caption");
+        QTEST(button->toolTip(), "tip");
+    }
+
+    void ThePageBeginsWithoutAGuide() {
+        QCOMPARE(Page().lblSearchGuide->text(), QString());
+        QCOMPARE(Page().lblSearchGuide1->text(), QString());
+        QVERIFY(!Page().queryBox->tmrUpdateSearchGuide->isActive());
+        QCOMPARE(Page().fmeSearchResult->Caption(), u"Search Result!"_qs);
+        QCOMPARE(Height(Page().fmeSearchResult), 435);
     }
 
     // --- modes
@@ -205,6 +225,46 @@ private Q_SLOTS:
         QCOMPARE(Page().cboQuery->ListCount(), 1);
     }
 
+    void AnEmptyQueryTakesTheFocusAndMovesThePaneAlone() {
+        Search(u"lease"_qs);
+        const int buttons = Top(Page().btnNextHit);
+        const int label = Top(Page().lblDisplayHits);
+        Page().cboQuery->setText(QString());
+        Pane().setFocus();
+        Page().cmdSearch->click();
+        QVERIFY(Query()->hasFocus() || Page().cboQuery->hasFocus());
+        QCOMPARE(Top(Page().btnNextHit), buttons);
+        QCOMPARE(Top(Page().btnPreviousHit), buttons);
+        QCOMPARE(Top(Page().lblDisplayHits), label);
+        QCOMPARE(Page().lstSearch->Items(), QStringList(u"Two"_qs)); // hidden, not cleared
+        const int height = Main().ScaleHeight() - 2580 - Height(Main().StatusBar1) - 175;
+        QVERIFY(std::abs(Height(&Pane()) - height) <= 7);
+        QCOMPARE(Main().State().SearchPaneTop, 2580);
+        Main().SetTab(Tab::EditForm);
+        Main().SetTab(Tab::Search);
+        QCOMPARE(Top(&Pane()), 2580);
+    }
+
+    void ASearchCleansTheQueryFirst() {
+        QTest::keyClicks(Page().cboQuery, u"and deed"_qs);
+        QTest::keyClick(Page().cboQuery, Qt::Key_Return); // before the clean-up of its own
+        QCOMPARE(Page().cboQuery->Text(), u"deed"_qs);
+        QCOMPARE(Page().cboQuery->Items(), QStringList(u"deed"_qs));
+        QCOMPARE(Page().lblSearchGuide1->text(), u"DEED"_qs);
+        QCOMPARE(Page().lstSearch->ListCount(), 3);
+    }
+
+    void PastedSignsAreOperatorsInAnyMode() {
+        Choose(SearchMode::Any);
+        Search(u"deed -lease"_qs);
+        QCOMPARE(Page().lstSearch->Items(), QStringList({u"Four"_qs, u"One"_qs}));
+        TestWindow::ClickEntry(Page().lstSearch, 1);
+        QTest::mouseClick(Page().btnNextHit, Qt::LeftButton);
+        QCOMPARE(Selection(), std::pair(2, 4));
+        QTest::mouseClick(Page().btnNextHit, Qt::LeftButton); // what is excluded is no hit
+        QCOMPARE(Selection(), std::pair(2, 4));
+    }
+
     void AQueryOfOperatorsOnlyIsEmpty() {
         Search(u"and or "_qs);
         QCOMPARE(Page().fmeSearchResult->Caption(), u"Please enter something!"_qs);
@@ -241,6 +301,10 @@ private Q_SLOTS:
         Search(u"***"_qs);
         QCOMPARE(Page().lstSearch->ListCount(), 2);
         QCOMPARE(Page().fmeSearchResult->Caption(), u"2 Forms Found!"_qs);
+        // the terms of the search before are gone
+        TestWindow::ClickEntry(Page().lstSearch, 0);
+        Pane().selectAll();
+        QCOMPARE(Pane().SelBold(), std::optional(false));
     }
 
     void TheResultsStandInAlphabeticalOrder() {
