@@ -69,6 +69,23 @@ private Q_SLOTS:
                  QStringList({u"Affidavit of Loss"_qs, u"Labor Complaint"_qs, u"Special Power"_qs}));
     }
 
+    // Its form cannot be looked up: the pane keeps its text, and the title enters the history all the same.
+    void AFavouriteWithAnApostropheEntersTheHistoryAndLeavesThePane() {
+        std::vector<TestForm> forms = SomeForms();
+        forms.push_back({u"Heir's Waiver"_qs, u"Affidavits"_qs, u"Loss"_qs, u"We waive"_qs, 1});
+        m_window = std::make_unique<TestWindow>(forms);
+        QVERIFY(m_window->Show());
+        Main().SetTab(Tab::Favorites);
+        History().cmdClearHist->click();
+        Main().txtContent()->setText(u"left alone"_qs);
+        TestWindow::ClickEntry(Favorites().lstFavorites, 0);
+        QCOMPARE(TestWindow::TextOf(Main().txtContent()), u"left alone"_qs);
+        QCOMPARE(History().lstHistory->Items(), QStringList(u"Heir's Waiver"_qs));
+        Favorites().cmdRemove->click(); // marks no row, and says nothing
+        QVERIFY(Box().shown.empty());
+        QCOMPARE(Favorites().lstFavorites->Items(), QStringList(u"Heir's Waiver"_qs));
+    }
+
     void AFavouriteIsOnTheListWhenItsPageIsNextChosen() {
         Browser().lstTitle->setText(u"Acknowledgment Alone"_qs);
         Browser().cmdAddtoFavs->click();
