@@ -59,7 +59,7 @@ private Q_SLOTS:
                                             << "deed"
                                             << "[deed]\nsale\n[deed]";
         QTest::newRow("in a table")
-            << "{\\rtf1 x\\par\\trowd\\cellx3000\\cellx6000\\intbl deed.\\cell a deed\\cell\\row y}"
+            << "{\\rtf1 x\\par\\trowd\\cellx3000\\cellx6000\\intbl deed.\\cell a deed\\cell\\row\\pard y}"
             << "deed"
             << "x\n[deed].\na [deed]\ny";
         QTest::newRow("hidden text within a hit") << "{\\rtf1 a de{\\v ed} here}"

@@ -57,10 +57,7 @@ void HelpBrowser::FollowLink(const QUrl& link) {
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
-    // a page's style is asked for before the page is the source: that of the first one comes from the home
-    // page
-    const QUrl base = source().isEmpty() ? AddressOf(m_book.HomePage()) : source();
-    const QUrl address = base.resolved(name);
+    const QUrl address = source().isEmpty() ? name : source().resolved(name);
     if (address.scheme() != QLatin1String(kScheme))
         return {};
     const QByteArray bytes = m_book.Read(PageOf(address));

@@ -140,12 +140,6 @@ private Q_SLOTS:
                          .isValid());
     }
 
-    void TheFirstPageHasItsStyleToo() {
-        HelpWindow window(nullptr);
-        QVERIFY(window.ShowFile(HelpFile()));
-        QCOMPARE(window.browser->document()->begin().charFormat().fontPointSize(), 17.0);
-    }
-
     void APageIsPrintedWithItsText() {
         QTemporaryDir folder;
         HelpWindow window(nullptr);
