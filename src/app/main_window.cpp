@@ -28,6 +28,7 @@
 #include "output/print_commands.h"
 #include "output/spelling_command.h"
 #include "output/word_commands.h"
+#include "platform/controls/centre.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/focus.h"
 #include "platform/controls/frame.h"
@@ -44,13 +45,11 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTimer>
 
 namespace quillbrook {
@@ -417,8 +416,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Centre() {
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.left() + screen.width() / 2 - width() / 2, screen.top() + screen.height() / 2 - height() / 2);
+    platform::CentreOnScreen(this);
 }
 
 } // namespace quillbrook

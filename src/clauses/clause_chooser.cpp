@@ -2,16 +2,15 @@
 
 #include "appearance/icons.h"
 #include "clauses/clause_variables.h"
+#include "platform/controls/centre.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/geometry.h"
 #include "platform/controls/hyper_label.h"
 #include "platform/controls/my_button.h"
 #include "platform/controls/option_button.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QScreen>
 
 namespace quillbrook {
 
@@ -70,8 +69,7 @@ ClauseChooser::ClauseChooser(ClauseDialog dialog, PublicVariables& variables, QW
     all->setSizeConstraint(QLayout::SetFixedSize);
     all->activate();
 
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.left() + screen.width() / 2 - width() / 2, screen.top() + screen.height() / 2 - height() / 2);
+    platform::CentreOnScreen(this);
 }
 
 MyButton* ClauseChooser::MakePicture() {

@@ -1,17 +1,16 @@
 #include "output/page_setup.h"
 
+#include "platform/controls/centre.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/hyper_label.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QShortcut>
 #include <QStyle>
 #include <QToolButton>
@@ -223,8 +222,7 @@ void frmPageSetup::showEvent(QShowEvent* event) {
 
 void frmPageSetup::Centre() {
     adjustSize();
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.left() + screen.width() / 2 - width() / 2, screen.top() + screen.height() / 2 - height() / 2);
+    platform::CentreOnScreen(this);
 }
 
 } // namespace quillbrook

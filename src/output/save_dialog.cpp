@@ -1,10 +1,10 @@
 #include "output/save_dialog.h"
 
+#include "platform/controls/centre.h"
+
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 
 namespace quillbrook {
 
@@ -49,8 +49,7 @@ frmSave::frmSave(bool ownForm, bool storedForm, QWidget* parent)
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(btnCancel, grid->rowCount(), 1, Qt::AlignRight);
     adjustSize();
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.center() - rect().center());
+    platform::CentreOnScreen(this);
     bntSaveWord->setFocus();
 }
 

@@ -6,10 +6,7 @@
 
 namespace quillbrook {
 
-// Error numbers of saving beside those that a pane's SaveFile gives.
-constexpr int kDialogCancelled = 32755;
-constexpr int kFileAlreadyOpen = 55;
-constexpr int kPermissionDenied = 70;
+constexpr int kFileAlreadyOpen = 55; // beside the numbers in the table
 
 // What the user is told about an error of saving, and whether he is then asked for a file again.
 struct SaveErrorFacts {

@@ -71,11 +71,7 @@ bool WordCommands::PrintPane() {
     word.ShowDialog(platform::wdDialogFilePrint);
     word.SetVisible(false);
     m_btnPrint.setEnabled(true);
-    m_pointer.Hourglass();
-    m_transfer.CloseAndQuit();
-    m_pointer.Normal();
-    RestoreWindow();
-    FocusActivePane();
+    EndShown();
     return true;
 }
 
@@ -99,11 +95,7 @@ bool WordCommands::PreviewPane() {
         // the word processor has no other sign that the user is done; each answer is waited for
     }
     word.SetVisible(false);
-    m_pointer.Hourglass();
-    m_transfer.CloseAndQuit();
-    m_pointer.Normal();
-    RestoreWindow();
-    FocusActivePane();
+    EndShown();
     return true;
 }
 
@@ -176,6 +168,13 @@ void WordCommands::TellSaved() {
         m_workbench.Window(),
         QStringLiteral("Form successfully saved as:   \n%1   ").arg(m_state.CurrentFileTitle),
         MessageButtons::Ok, MessageIcon::Information, m_services.instance.ApplicationTitle());
+}
+
+// The end of what the user has seen and left: the print dialog, the preview.
+void WordCommands::EndShown() {
+    m_pointer.Hourglass();
+    CleanUp();
+    FocusActivePane();
 }
 
 // The common end of commands that came to nothing. What is not there is passed over.

@@ -42,6 +42,7 @@ private:
     bool AskWhereToSave();
     Next TellSaveError(int number);
     void TellSaved();
+    void EndShown();
     void CleanUp();
     void RestoreWindow();
     void FocusActivePane();

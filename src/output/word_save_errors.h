@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/services.h"
+#include "output/save_errors.h"
 #include "platform/word/word_application.h"
 
 #include <array>
@@ -22,21 +22,21 @@ struct WordSaveError {
 
 // 70 has the number of its buttons for a title and one button, so that it always goes back to the start:
 // users know it so.
+// The texts that saving as rich text has too are that table's.
 constexpr std::array<WordSaveError, 6> kWordSaveErrors = {{
     {platform::kWordFileInUse,
-     "File selected is already open by another application   \n"
-     "Do you want save the Form with a different file name?   ",
+     kAlreadyOpenQuestion,
      platform::MessageButtons::YesNo, platform::MessageIcon::Question, nullptr,
      AfterSaveError::AskForAnotherName},
     {platform::kWordDiskNotWritable, "Disk is not writable!   \nPlease try another disk drive.   ",
      platform::MessageButtons::Ok, platform::MessageIcon::Critical, nullptr, AfterSaveError::StartAgain},
-    {platform::kWordPermissionDenied, "Permission denied!   \nRetry?   ", platform::MessageButtons::Ok,
-     platform::MessageIcon::Question, "4", AfterSaveError::StartAgain},
-    {platform::kWordDiskNotReady, "Disk not ready!   \nPlease try a different disk drive.   ",
+    {platform::kWordPermissionDenied, FactsOfSaveError(70).text, platform::MessageButtons::Ok,
+     platform::MessageIcon::Question, FactsOfSaveError(70).title, AfterSaveError::StartAgain},
+    {platform::kWordDiskNotReady, FactsOfSaveError(71).text,
      platform::MessageButtons::Ok, platform::MessageIcon::Critical, nullptr, AfterSaveError::StartAgain},
-    {platform::kWordDiskFull, "Disk full!   \nPlease delete some files first to gain some disk space!   ",
+    {platform::kWordDiskFull, FactsOfSaveError(61).text,
      platform::MessageButtons::Ok, platform::MessageIcon::Critical, nullptr, AfterSaveError::StartAgain},
-    {0, "Error in saving file!   \n", platform::MessageButtons::Ok, platform::MessageIcon::Critical, nullptr,
+    {0, FactsOfSaveError(0).text, platform::MessageButtons::Ok, platform::MessageIcon::Critical, nullptr,
      AfterSaveError::Cancel},
 }};
 

@@ -10,7 +10,7 @@
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "search/search_page.h"
-#include "tests/support/test_window.h"
+#include "tests/support/my_forms_desk.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -19,96 +19,8 @@ using namespace quillbrook;
 using platform::MessageAnswer;
 using platform::MyButton;
 
-Q_DECLARE_METATYPE(MyFormsMode)
-
-static TestForm Own(const QString& title, const QString& subCategory) {
-    return {title, u"My Forms"_qs, subCategory, u"Text of "_qs + title};
-}
-
-static std::vector<TestForm> WithOwnForms() {
-    std::vector<TestForm> forms = SomeForms();
-    forms.push_back(Own(u"Board Paper"_qs, u"Corporate"_qs));
-    forms.push_back(Own(u"Annual Report"_qs, u"Corporate"_qs));
-    forms.push_back(Own(u"Zoning Clearance"_qs, u"Land"_qs));
-    return forms;
-}
-
-class MyFormsPageTest : public QObject {
+class MyFormsPageTest : public QObject, MyFormsDesk {
     Q_OBJECT
-
-    std::unique_ptr<TestWindow> m_window;
-
-    frmMain& Main() { return **m_window; }
-    MyFormsPage& Page() { return *Main().myFormsPage; }
-    platform::RichTextBox& Pane() { return *Main().txtMyContent(); }
-    ScriptedMessageBox& Box() { return m_window->services.messageBox; }
-
-    void Open(const std::vector<TestForm>& forms) {
-        m_window = std::make_unique<TestWindow>(forms);
-        QVERIFY(m_window->loaded);
-        QVERIFY(m_window->Show());
-        Main().SetTab(Tab::MyForms);
-    }
-
-    // Brings the page into a state by what the user does.
-    void GoTo(MyFormsMode mode) {
-        Open(mode == MyFormsMode::Empty ? SomeForms() : WithOwnForms());
-        if (mode == MyFormsMode::Editing)
-            Page().btnEdit->click();
-        if (mode == MyFormsMode::Composing)
-            Page().btnNew->click();
-        Verify(mode);
-    }
-
-    void Fill(const QString& title, const QString& subCategory, const QString& text) {
-        Page().txtMyTitle->setText(title);
-        Page().cboMySubCategory->setText(subCategory);
-        Pane().setText(text);
-    }
-
-    // The flags, and what is seen.
-    void Verify(MyFormsMode mode) {
-        const bool displayed = mode == MyFormsMode::Browsing || mode == MyFormsMode::Editing;
-        QCOMPARE(Main().State().MyFormDisplayed, displayed);
-        QCOMPARE(Main().State().NewFormMode, mode == MyFormsMode::Composing);
-        struct Seen {
-            bool frame, add, edit, update, cancel, remove;
-        };
-        const Seen seen = mode == MyFormsMode::Browsing    ? Seen{true, false, true, true, false, true}
-                          : mode == MyFormsMode::Editing   ? Seen{false, false, false, true, false, true}
-                          : mode == MyFormsMode::Composing ? Seen{false, true, false, false, true, false}
-                                                           : Seen{false, true, false, false, false, false};
-        QCOMPARE(Page().fmeMyTitle->isVisible(), seen.frame);
-        QVERIFY(Page().btnNew->isVisible());
-        QCOMPARE(Page().btnAddNew->isVisible(), seen.add);
-        QCOMPARE(Page().btnEdit->isVisible(), seen.edit);
-        QCOMPARE(Page().btnUpdate->isVisible(), seen.update);
-        QCOMPARE(Page().btnCancelNew->isVisible(), seen.cancel);
-        QCOMPARE(Page().btnDelete->isVisible(), seen.remove);
-    }
-
-    void VerifyOneMessage(const QString& text,
-                          platform::MessageButtons buttons = platform::MessageButtons::Ok) {
-        QCOMPARE(Box().shown.size(), size_t(1));
-        QCOMPARE(Box().shown[0].text, text);
-        QCOMPARE(Box().shown[0].title, u"My Forms"_qs);
-        QCOMPARE(Box().shown[0].buttons, buttons);
-        QCOMPARE(Box().shown[0].icon, buttons == platform::MessageButtons::Ok
-                                          ? platform::MessageIcon::Information
-                                          : platform::MessageIcon::Question);
-    }
-
-    static bool HasFocus(const QWidget* control) {
-        const QWidget* focused = QApplication::focusWidget();
-        return focused && (focused == control || control->isAncestorOf(focused));
-    }
-
-    void NothingToUndo() {
-        QVERIFY(!Main().editToolBar->btnMyUndo->isEnabled());
-        QVERIFY(!Main().editToolBar->btnMyRedo->isEnabled());
-        for (const QString& name : {u"mnuUndo"_qs, u"mnuRedo"_qs, u"mnuPopUndo"_qs, u"mnuPopRedo"_qs})
-            QVERIFY2(!Main().Menu(name)->isEnabled(), qPrintable(name));
-    }
 
 private Q_SLOTS:
     void cleanup() { m_window.reset(); }
@@ -465,84 +377,6 @@ private Q_SLOTS:
         Main().searchPage->btnNextHit->show();
         TestWindow::ClickEntry(Page().lstMyTitle, 0);
         QVERIFY(Main().searchPage->btnNextHit->isHidden());
-    }
-
-    void SubCategoriesThatDifferInCaseAreTwoEntries() {
-        std::vector<TestForm> forms = SomeForms();
-        forms.push_back(Own(u"One"_qs, u"Letters"_qs));
-        forms.push_back(Own(u"Two"_qs, u"letters"_qs));
-        forms.push_back(Own(u"Three"_qs, u"Letters"_qs));
-        Open(forms);
-        QCOMPARE(Page().lstMySubCategory->ListCount(), 2);
-        QCOMPARE(Page().cboMySubCategory->ListCount(), 2);
-        QCOMPARE(Page().lstMyTitle->ListCount(), 3); // the engine compares without case
-    }
-
-    void ATitleWithAnApostropheIsTakenForTheRowBefore() {
-        GoTo(MyFormsMode::Browsing); // the recordset stands on "Annual Report"
-        Page().btnNew->click();
-        Fill(u"Heir's Waiver"_qs, u"Estate"_qs, u"text"_qs);
-        Page().btnAddNew->click();
-        VerifyOneMessage(u"A Form with the Title 'Annual Report'   \nalready exists under 'Corporate'.   \n\n"
-                         u"Please change the Title of your New Form.   "_qs);
-    }
-
-    void ATitleWithAnApostropheIsAddedBehindTheEnd() {
-        GoTo(MyFormsMode::Empty); // the recordset stands at its end
-        Fill(u"Heir's Waiver"_qs, u"Estate"_qs, u"text"_qs);
-        Page().btnAddNew->click();
-        QVERIFY(Box().shown.empty());
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Heir's Waiver"_qs));
-    }
-
-    void ATitleWithAnApostropheAtTheHeadOfAListDeletesNoOtherForm() {
-        std::vector<TestForm> forms = SomeForms();
-        forms.push_back(Own(u"Zeta"_qs, u"Estate"_qs));
-        forms.push_back(Own(u"Heir's Waiver"_qs, u"Estate"_qs));
-        Open(forms);
-        QCOMPARE(Page().lstMyTitle->Text(), u"Heir's Waiver"_qs);
-        QCOMPARE(Page().txtMyTitle->text(), QString());
-        Box().answer = MessageAnswer::Yes;
-        Page().btnDelete->click();
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"Heir's Waiver"_qs, u"Zeta"_qs}));
-    }
-
-    void ASubCategoryWithAnApostropheListsTheTitlesReadBefore() {
-        std::vector<TestForm> forms = SomeForms();
-        forms.push_back(Own(u"First"_qs, u"Client's"_qs));
-        forms.push_back(Own(u"Second"_qs, u"Land"_qs));
-        Open(forms); // the statement for the titles is refused: those of the whole collection are in force
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"First"_qs, u"Second"_qs}));
-        TestWindow::ClickEntry(Page().lstMySubCategory, 1);
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Second"_qs));
-        TestWindow::ClickEntry(Page().lstMySubCategory, 0);
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Second"_qs));
-        QCOMPARE(Pane().Text(), u"Text of Second"_qs);
-        QVERIFY(Box().shown.empty());
-    }
-
-    void UnusualTitlesAndCategoriesAreKept_data() {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("subCategory");
-        QTest::newRow("accents") << u"Escritura de Cesión nº 5"_qs << u"Ñandú"_qs;
-        QTest::newRow("double quotes") << u"The \"Deed\""_qs << u"\"Quoted\""_qs;
-        QTest::newRow("right to left") << u"עסקה"_qs << u"حقوق"_qs;
-        QTest::newRow("300 characters") << QString(300, u'x') << QString(300, u'y');
-        QTest::newRow("leading blanks") << u"  Deed"_qs << u"   Land"_qs;
-        QTest::newRow("beyond 16 bits") << u"Deed 𝔄"_qs << u"📄"_qs;
-        QTest::newRow("pattern characters") << u"100% * ? # [a]"_qs << u"*"_qs;
-    }
-    void UnusualTitlesAndCategoriesAreKept() {
-        QFETCH(QString, title);
-        QFETCH(QString, subCategory);
-        GoTo(MyFormsMode::Empty);
-        Fill(title, subCategory, u"text"_qs);
-        Page().btnAddNew->click();
-        QVERIFY(Box().shown.empty());
-        QCOMPARE(Page().lstMySubCategory->Items(), QStringList(subCategory));
-        QCOMPARE(Page().lstMyTitle->Items(), QStringList(title));
-        QCOMPARE(Page().txtMyTitle->text(), title);
-        QCOMPARE(Pane().Text(), u"text"_qs);
     }
 
     void TheFormatOfAnOwnFormIsKept() {

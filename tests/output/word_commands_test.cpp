@@ -7,7 +7,7 @@
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
-#include "tests/support/test_window.h"
+#include "tests/support/word_desk.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -18,117 +18,6 @@ using platform::MessageButtons;
 using platform::MessageIcon;
 
 namespace {
-
-const QString kHome = u"Quillbrook by Atty. Merrow"_qs;
-
-const QStringList kFill = {
-    u"Selection.Paste"_qs,
-    u"Selection.WholeStory"_qs,
-    u"Selection.Font.Color = -16777216"_qs,
-    u"Selection.HomeKey 6"_qs,
-    u"Caption = from Quillbrook"_qs,
-    u"InchesToPoints 8.5"_qs,
-    u"PageSetup.PageWidth = 612"_qs,
-    u"InchesToPoints 13"_qs,
-    u"PageSetup.PageHeight = 936"_qs,
-    u"InchesToPoints 1"_qs,
-    u"PageSetup.LeftMargin = 72"_qs,
-    u"InchesToPoints 1"_qs,
-    u"PageSetup.RightMargin = 72"_qs,
-    u"InchesToPoints 1"_qs,
-    u"PageSetup.TopMargin = 72"_qs,
-    u"InchesToPoints 1"_qs,
-    u"PageSetup.BottomMargin = 72"_qs,
-};
-const QStringList kEnd = {u"ActiveDocument.Close 0"_qs, u"Quit 0"_qs, u"Release"_qs};
-
-// All that a step can change, at each call: the title, the pointer, the button.
-struct Moment {
-    QString call;
-    QString caption;
-    bool hourglass;
-    bool printEnabled;
-    QByteArray clipboard;
-};
-
-bool HourglassShows() {
-    return QGuiApplication::overrideCursor() && QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor;
-}
-
-// The window with a form on its edit page and a word processor beside it.
-struct Desk {
-    Desk() {
-        platform::SetClipboardRTF("{\\rtf1 old}");
-        Word().installed = true;
-        Word().onCall = [this](const QString& call) {
-            moments.push_back({call, window->windowTitle(), HourglassShows(),
-                               window->leftToolbar->btnPrint->isEnabled(), platform::ClipboardRTF()});
-        };
-        window->SetTab(Tab::EditForm);
-        window->txtContent()->setText(u"Deed of Sale"_qs);
-        window->txtMyContent()->setText(u"My own"_qs);
-    }
-    ~Desk() { Word().onCall = nullptr; }
-
-    RecordingWord& Word() { return window.services.wordProcessor; }
-    std::vector<ScriptedMessageBox::Shown>& Messages() { return window.services.messageBox.shown; }
-    WordCommands& Commands() { return *window->wordCommands; }
-    WindowState& State() { return window->State(); }
-    void Choose(const char* entry) { window->Menu(QLatin1String(entry))->trigger(); }
-    void Answer(const QString& path) { window.services.commonDialog.files.append(path); }
-
-    const Moment& At(const QString& call) const {
-        for (const Moment& moment : moments)
-            if (moment.call == call)
-                return moment;
-        static const Moment none{u"none"_qs, {}, false, false, {}};
-        return none;
-    }
-    // Nothing of the command is left.
-    bool IsAtRest() {
-        return window->windowTitle() == kHome && !HourglassShows() && !window->Variables().WordApp &&
-               window->leftToolbar->btnPrint->isEnabled();
-    }
-
-    TestWindow window;
-    std::vector<Moment> moments;
-};
-
-// Each command with the calls that it makes when all goes well.
-struct CommandRow {
-    const char* name;
-    void (*run)(Desk&);
-    QStringList calls;
-};
-
-QStringList Calls(const QStringList& before, const QStringList& after) {
-    return before + kFill + after;
-}
-
-const std::vector<CommandRow>& Commands() {
-    static const std::vector<CommandRow> rows = {
-        {"export", [](Desk& desk) { desk.Commands().ExportPane(); },
-         Calls({u"CreateObject"_qs, u"Documents.Add"_qs},
-               {u"Visible = True"_qs, u"Windows.Application.Activate"_qs, u"Release"_qs})},
-        {"print", [](Desk& desk) { desk.window->printCommands->Print(); },
-         Calls({u"CreateObject"_qs, u"Visible = False"_qs, u"Documents.Add"_qs},
-               QStringList{u"Dialogs.Show 88"_qs, u"Visible = False"_qs} + kEnd)},
-        {"preview", [](Desk& desk) { desk.window->printCommands->PrintPreview(); },
-         Calls({u"CreateObject"_qs, u"Documents.Add"_qs},
-               QStringList{u"Visible = True"_qs, u"Windows.Application.Activate"_qs,
-                           u"ActiveDocument.PrintPreview"_qs, u"Zoom.PageFit = 1"_qs, u"PrintPreview?"_qs,
-                           u"Visible = False"_qs} +
-                   kEnd)},
-        {"save",
-         [](Desk& desk) {
-             desk.Answer(u"/forms/deed.doc"_qs);
-             desk.Commands().SaveAsMSDoc();
-         },
-         Calls({u"CreateObject"_qs, u"Documents.Add"_qs},
-               QStringList{u"ActiveDocument.SaveAs /forms/deed.doc"_qs} + kEnd)},
-    };
-    return rows;
-}
 
 QString Member(const QString& call) {
     static const QRegularExpression argument(u"( =)? [^ ].*$"_qs);
@@ -151,7 +40,7 @@ private Q_SLOTS:
     void EachCommandMakesItsCallsInOrder_data() { CommandRows(); }
     void EachCommandMakesItsCallsInOrder() {
         QFETCH(int, row);
-        Desk desk;
+        WordDesk desk;
         Row(row).run(desk);
         QCOMPARE(desk.Word().calls, Row(row).calls);
         QVERIFY(desk.IsAtRest());
@@ -160,7 +49,7 @@ private Q_SLOTS:
     void TheWholePaneIsOnTheClipboardWhenItIsPasted_data() { CommandRows(); }
     void TheWholePaneIsOnTheClipboardWhenItIsPasted() {
         QFETCH(int, row);
-        Desk desk;
+        WordDesk desk;
         desk.window->txtContent()->setSelStart(2);
         Row(row).run(desk);
         const QByteArray sent = desk.At(u"Selection.Paste"_qs).clipboard;
@@ -171,7 +60,7 @@ private Q_SLOTS:
     }
 
     void TheClipboardHoldsRichTextAndNothingElse() {
-        Desk desk;
+        WordDesk desk;
         desk.Commands().ExportPane();
         const QMimeData* data = QGuiApplication::clipboard()->mimeData();
         QVERIFY(!data->hasText());
@@ -190,7 +79,7 @@ private Q_SLOTS:
     void ThePaneComesOnTheClipboardBeforeOrAfterTheObject() {
         QFETCH(int, row);
         QFETCH(bool, atCreation);
-        Desk desk;
+        WordDesk desk;
         Row(row).run(desk);
         QCOMPARE(desk.At(u"CreateObject"_qs).clipboard.contains("Deed of Sale"), atCreation);
         QCOMPARE(desk.At(u"Documents.Add"_qs).clipboard.contains("Deed of Sale"), atCreation);
@@ -207,7 +96,7 @@ private Q_SLOTS:
     void EachCommandShowsItsCaptionAndTheHourglass() {
         QFETCH(int, row);
         QFETCH(QString, caption);
-        Desk desk;
+        WordDesk desk;
         Row(row).run(desk);
         for (const QString& call : {u"CreateObject"_qs, kFill.constFirst(), kFill.constLast()}) {
             QCOMPARE(desk.At(call).caption, caption);
@@ -224,7 +113,7 @@ private Q_SLOTS:
     void EachPageSendsItsOwnPane() {
         QFETCH(int, tab);
         QFETCH(QByteArray, text);
-        Desk desk;
+        WordDesk desk;
         desk.window->SetTab(Tab(tab));
         desk.Commands().ExportPane();
         QVERIFY(desk.Word().content.contains(text));
@@ -233,14 +122,14 @@ private Q_SLOTS:
     void AnEmptyPaneIsSentAllTheSame_data() { CommandRows(); }
     void AnEmptyPaneIsSentAllTheSame() {
         QFETCH(int, row);
-        Desk desk;
+        WordDesk desk;
         desk.window->txtContent()->setText(QString());
         Row(row).run(desk);
         QCOMPARE(desk.Word().calls, Row(row).calls);
     }
 
     void ExportGivesTheDocumentToTheUser() {
-        Desk desk;
+        WordDesk desk;
         desk.Commands().ExportPane();
         QVERIFY(!desk.At(u"Visible = True"_qs).hourglass);
         QVERIFY(desk.At(u"Windows.Application.Activate"_qs).caption != kHome);
@@ -250,14 +139,14 @@ private Q_SLOTS:
     }
 
     void TheButtonExports() {
-        Desk desk;
+        WordDesk desk;
         QVERIFY(desk.window.Show());
         QTest::mouseClick(desk.window->leftToolbar->btnEditMSWord, Qt::LeftButton, Qt::NoModifier, {10, 20});
         QCOMPARE(desk.Word().calls, Commands()[0].calls);
     }
 
     void PrintingHoldsItsButtonAndGivesThePointerBackForTheDialog() {
-        Desk desk;
+        WordDesk desk;
         QVERIFY(desk.window.Show());
         desk.window->leftToolbar->btnSave->setFocus();
         desk.Choose("mnuPrint");
@@ -274,7 +163,7 @@ private Q_SLOTS:
     }
 
     void PreviewWaitsUntilTheUserHasLeftIt() {
-        Desk desk;
+        WordDesk desk;
         QVERIFY(desk.window.Show());
         desk.Word().previewReads = 25;
         desk.Choose("mnuPrintPreview");
@@ -288,13 +177,13 @@ private Q_SLOTS:
     }
 
     void TheDropDownMenuPreviewsToo() {
-        Desk desk;
+        WordDesk desk;
         desk.Choose("mnuPrintPreviewDrop");
         QCOMPARE(desk.Word().calls, Commands()[2].calls);
     }
 
     void ClosingTheWordProcessorInThePreviewEndsItQuietly() {
-        Desk desk;
+        WordDesk desk;
         desk.Word().failing = {u"PrintPreview?"_qs, u"Visible"_qs, u"ActiveDocument.Close"_qs, u"Quit"_qs};
         desk.Word().previewReads = 1000;
         desk.Choose("mnuPrintPreview");
@@ -322,7 +211,7 @@ private Q_SLOTS:
     void AFailingStepIsPassedOver() {
         QFETCH(int, row);
         QFETCH(QString, member);
-        Desk desk;
+        WordDesk desk;
         desk.Word().failing = {member};
         Row(row).run(desk);
         QCOMPARE(desk.Word().calls, Row(row).calls);
@@ -332,7 +221,7 @@ private Q_SLOTS:
     }
 
     void ALengthThatIsNotConvertedIsNotSet() {
-        Desk desk;
+        WordDesk desk;
         desk.Word().failing = {u"InchesToPoints"_qs};
         desk.Commands().ExportPane();
         QCOMPARE(desk.Word().calls.count(u"InchesToPoints 1"_qs), 4);
@@ -362,7 +251,7 @@ private Q_SLOTS:
         QFETCH(QString, height);
         QFETCH(QString, margin);
         QFETCH(QStringList, points);
-        Desk desk;
+        WordDesk desk;
         QWidget* setup = desk.window->Windows().Load(u"frmPageSetup"_qs);
         const auto write = [setup](const char* box, const QString& text) {
             setup->findChild<QLineEdit*>(QLatin1String(box))->setText(text);
@@ -407,7 +296,7 @@ private Q_SLOTS:
         QFETCH(int, row);
         QFETCH(QString, text);
         QFETCH(QString, title);
-        Desk desk;
+        WordDesk desk;
         desk.Word().installed = false;
         Row(row).run(desk);
         QCOMPARE(desk.Word().calls, QStringList{u"CreateObject"_qs});
@@ -421,7 +310,7 @@ private Q_SLOTS:
     }
 
     void WithoutAWordProcessorSavingTellsASecondError() {
-        Desk desk;
+        WordDesk desk;
         desk.Word().installed = false;
         desk.Answer(u"/forms/deed.doc"_qs);
         desk.State().DocumentSaved = false;
@@ -435,106 +324,13 @@ private Q_SLOTS:
     }
 
     void WithoutAWordProcessorPrintingAsksAndGoesTheDirectWay() {
-        Desk desk;
+        WordDesk desk;
         desk.Word().installed = false;
         desk.Choose("mnuPrint");
         QCOMPARE(desk.Word().calls, QStringList{u"CreateObject"_qs});
         QCOMPARE(desk.Messages().size(), std::size_t(1));
         QCOMPARE(desk.Messages()[0].text, u"Print Document?   "_qs);
         QVERIFY(desk.IsAtRest());
-    }
-
-    void TheSaveDialogIsAskedForADocument() {
-        Desk desk;
-        desk.Commands().SaveAsMSDoc();
-        const auto& shown = desk.window.services.commonDialog.filesShown;
-        QCOMPARE(shown.size(), std::size_t(1));
-        QCOMPARE(shown[0].title, u"Save Form as an MS Word\u00AE Document"_qs);
-        QCOMPARE(shown[0].filter, u"Word Document (*.doc) (*.doc)"_qs);
-        QVERIFY(shown[0].asksBeforeOverwriting);
-    }
-
-    void CancellingTheSaveDialogChangesNothing() {
-        Desk desk;
-        desk.window->SetCaption(u"Edit Form"_qs);
-        desk.State().DocumentSaved = false;
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(desk.Word().calls.isEmpty());
-        QVERIFY(desk.Messages().empty());
-        QCOMPARE(desk.State().CurrentFilePath, QString());
-        QVERIFY(!desk.State().DocumentSaved);
-        QVERIFY(desk.IsAtRest()); // the cancel path sets the caption
-    }
-
-    void AnEmptyFileNameCancels() {
-        Desk desk;
-        desk.Answer(QString());
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(desk.Word().calls.isEmpty());
-        QVERIFY(desk.IsAtRest());
-    }
-
-    void TheExtensionBecomesThatOfADocument_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("saved");
-        QTest::newRow("another extension") << u"/forms/report.rtf"_qs << u"/forms/report.doc"_qs;
-        QTest::newRow("its own") << u"/forms/report.doc"_qs << u"/forms/report.doc"_qs;
-        QTest::newRow("none") << u"/forms/report"_qs << u"/forms/report"_qs;
-        QTest::newRow("four letters") << u"/forms/report.docx"_qs << u"/forms/report.docx"_qs;
-        QTest::newRow("two letters") << u"/forms/report.md"_qs << u"/forms/report.md"_qs;
-    }
-    void TheExtensionBecomesThatOfADocument() {
-        QFETCH(QString, typed);
-        QFETCH(QString, saved);
-        Desk desk;
-        desk.Answer(typed);
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(desk.Word().calls.contains(u"ActiveDocument.SaveAs "_qs + saved));
-        QCOMPARE(desk.State().CurrentFilePath, saved);
-        const QString title = typed.mid(7);
-        QCOMPARE(desk.State().CurrentFileTitle, title);
-        QCOMPARE(desk.At(u"CreateObject"_qs).caption, u"Saving Form as "_qs + title);
-        QCOMPARE(desk.Messages()[0].text, u"Form successfully saved as:   \n"_qs + title + u"   "_qs);
-    }
-
-    void SavingTellsThatItIsDoneAndMarksTheDocumentSaved() {
-        Desk desk;
-        QVERIFY(desk.window.Show());
-        desk.Answer(u"/forms/deed.doc"_qs);
-        desk.State().DocumentSaved = false;
-        desk.Choose("mnuSaveAsDocFile");
-        QCOMPARE(desk.Messages().size(), std::size_t(1));
-        const auto& told = desk.Messages()[0];
-        QCOMPARE(told.text, u"Form successfully saved as:   \ndeed.doc   "_qs);
-        QCOMPARE(told.icon, MessageIcon::Information);
-        QCOMPARE(told.buttons, MessageButtons::Ok);
-        QCOMPARE(told.title, u"Quillbrook PRO"_qs);
-        QVERIFY(desk.State().DocumentSaved);
-        QVERIFY(!desk.window->Menu(u"mnuSave"_qs)->isEnabled());
-        QCOMPARE(desk.State().CurrentFilePath, u"/forms/deed.doc"_qs);
-        QCOMPARE(QApplication::focusWidget(), desk.window->txtContent());
-    }
-
-    void SavingAnOwnFormForgetsItsPath() {
-        Desk desk;
-        desk.window->SetTab(Tab::MyForms);
-        desk.Answer(u"/forms/own.doc"_qs);
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(desk.Word().calls.contains(u"ActiveDocument.SaveAs /forms/own.doc"_qs));
-        QVERIFY(desk.Word().content.contains("My own"));
-        QCOMPARE(desk.State().CurrentFilePath, QString());
-        QCOMPARE(desk.State().CurrentFileTitle, u"own.doc"_qs);
-    }
-
-    // What was chosen stays chosen, so that the next silent save goes there.
-    void AFailedSaveKeepsTheNameItWasGiven() {
-        Desk desk;
-        desk.Answer(u"/forms/deed.rtf"_qs);
-        desk.Word().saveErrors = {1};
-        desk.Commands().SaveAsMSDoc();
-        QCOMPARE(desk.State().CurrentFilePath, u"/forms/deed.doc"_qs);
-        QCOMPARE(desk.State().CurrentFileTitle, u"deed.rtf"_qs);
-        QVERIFY(desk.window->Menu(u"mnuSave"_qs)->isEnabled());
     }
 
     void AfterwardsAnOwnFormHasTheKeyboard_data() {
@@ -544,7 +340,7 @@ private Q_SLOTS:
     }
     void AfterwardsAnOwnFormHasTheKeyboard() {
         QFETCH(int, row);
-        Desk desk;
+        WordDesk desk;
         QVERIFY(desk.window.Show());
         desk.window->SetTab(Tab::MyForms);
         desk.window->leftToolbar->btnSave->setFocus();
@@ -552,96 +348,8 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), desk.window->txtMyContent());
     }
 
-    void EachSaveErrorIsToldAndGoesItsWay_data() {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<MessageIcon>("icon");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<bool>("again");
-        const QString program = u"Quillbrook PRO"_qs;
-        QTest::newRow("disk not writable")
-            << 5156 << u"Disk is not writable!   \nPlease try another disk drive.   "_qs
-            << MessageIcon::Critical << program << true;
-        QTest::newRow("permission denied")
-            << 70 << u"Permission denied!   \nRetry?   "_qs << MessageIcon::Question << u"4"_qs << true;
-        QTest::newRow("disk not ready")
-            << 71 << u"Disk not ready!   \nPlease try a different disk drive.   "_qs << MessageIcon::Critical
-            << program << true;
-        QTest::newRow("disk full")
-            << 61 << u"Disk full!   \nPlease delete some files first to gain some disk space!   "_qs
-            << MessageIcon::Critical << program << true;
-        QTest::newRow("the word processor has ended")
-            << 462 << u"Error in saving file!   \n"_qs << MessageIcon::Critical << program << false;
-        QTest::newRow("any other") << 1 << u"Error in saving file!   \n"_qs << MessageIcon::Critical
-                                   << program << false;
-    }
-    void EachSaveErrorIsToldAndGoesItsWay() {
-        QFETCH(int, number);
-        QFETCH(QString, text);
-        QFETCH(MessageIcon, icon);
-        QFETCH(QString, title);
-        QFETCH(bool, again);
-        Desk desk;
-        desk.State().DocumentSaved = false;
-        desk.Answer(u"/forms/deed.doc"_qs);
-        desk.Word().saveErrors = {number};
-        desk.Commands().SaveAsMSDoc(); // the second file dialog is cancelled
-        QCOMPARE(desk.Messages().size(), std::size_t(1));
-        const auto& told = desk.Messages()[0];
-        QCOMPARE(told.text, text);
-        QCOMPARE(told.icon, icon);
-        QCOMPARE(told.title, title);
-        QCOMPARE(told.buttons, MessageButtons::Ok);
-        QCOMPARE(desk.window.services.commonDialog.filesShown.size(), std::size_t(again ? 2 : 1));
-        // the cancel path ends the instance either way
-        QCOMPARE(desk.Word().calls, Commands()[3].calls);
-        QVERIFY(desk.IsAtRest());
-        QVERIFY(!desk.State().DocumentSaved);
-    }
-
-    void AFileOpenElsewhereIsAskedAbout_data() {
-        QTest::addColumn<MessageAnswer>("answer");
-        QTest::addColumn<int>("dialogs");
-        QTest::newRow("Yes") << MessageAnswer::Yes << 2;
-        QTest::newRow("No") << MessageAnswer::No << 1;
-    }
-    void AFileOpenElsewhereIsAskedAbout() {
-        QFETCH(MessageAnswer, answer);
-        QFETCH(int, dialogs);
-        Desk desk;
-        desk.window.services.messageBox.answer = answer;
-        desk.Answer(u"/forms/deed.doc"_qs);
-        desk.Word().saveErrors = {5356};
-        desk.Commands().SaveAsMSDoc();
-        QCOMPARE(desk.Messages().size(), std::size_t(1));
-        const auto& asked = desk.Messages()[0];
-        QCOMPARE(asked.text, u"File selected is already open by another application   \n"
-                             "Do you want save the Form with a different file name?   "_qs);
-        QCOMPARE(asked.icon, MessageIcon::Question);
-        QCOMPARE(asked.buttons, MessageButtons::YesNo);
-        QCOMPARE(asked.title, u"Quillbrook PRO"_qs);
-        QCOMPARE(int(desk.window.services.commonDialog.filesShown.size()), dialogs);
-        QCOMPARE(desk.Word().calls, Commands()[3].calls); // closed, quit, nothing saved
-        QCOMPARE(desk.window->txtContent()->Text(), u"Deed of Sale"_qs);
-        QVERIFY(desk.IsAtRest());
-    }
-
-    void GoingBackToTheStartLeavesTheFormerInstanceRunning() {
-        Desk desk;
-        desk.Answer(u"/full/deed.doc"_qs);
-        desk.Answer(u"/forms/deed.doc"_qs);
-        desk.Word().saveErrors = {61};
-        desk.Commands().SaveAsMSDoc();
-        const QStringList first =
-            Calls({u"CreateObject"_qs, u"Documents.Add"_qs},
-                  {u"ActiveDocument.SaveAs /full/deed.doc"_qs, u"Release"_qs}); // no Close, no Quit
-        QCOMPARE(desk.Word().calls, first + Commands()[3].calls);
-        QCOMPARE(desk.Messages().size(), std::size_t(2));
-        QVERIFY(desk.IsAtRest());
-    }
-
     void ASecondCommandWorksRightAfterTheFirst() {
-        Desk desk;
+        WordDesk desk;
         QStringList expected;
         for (const CommandRow& row : Commands()) {
             row.run(desk);

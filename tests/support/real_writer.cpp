@@ -67,16 +67,20 @@ bool RealWriter::HasNoProcesses() const {
     return QTest::qWaitFor([this] { return Processes().empty(); }, 8000);
 }
 
+static bool IsFree(const QString& path) {
+    const int lock = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
+    const bool isFree = lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0;
+    ::close(lock);
+    return isFree;
+}
+
+// A process that is killed has no command line any more a moment before it lets go of its files.
 bool RealWriter::HasNoLocks() const {
     const QDir pool(Pool());
-    for (const QString& name : pool.entryList({QStringLiteral("*.lock")})) {
-        const int lock = ::open(QFile::encodeName(pool.filePath(name)).constData(), O_RDWR | O_CLOEXEC);
-        const bool isFree = lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0;
-        ::close(lock);
-        if (!isFree)
-            return false;
-    }
-    return true;
+    const QStringList locks = pool.entryList({QStringLiteral("*.lock")});
+    return std::all_of(locks.begin(), locks.end(), [&](const QString& name) {
+        return QTest::qWaitFor([&] { return IsFree(pool.filePath(name)); }, 1000);
+    });
 }
 
 namespace person {

@@ -32,7 +32,7 @@ public:
     void Signal(int signal) const;
     // Whether its processes are gone, or are so soon.
     bool HasNoProcesses() const;
-    // Whether no profile of the pool is locked.
+    // Whether no profile of the pool is locked, or none is so soon.
     bool HasNoLocks() const;
 
 private:

@@ -57,7 +57,9 @@ void HelpBrowser::FollowLink(const QUrl& link) {
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
-    const QUrl address = source().isEmpty() ? name : source().resolved(name);
+    // the style of the first page is asked for before that page is the source
+    const QUrl base = source().isEmpty() ? AddressOf(m_book.HomePage()) : source();
+    const QUrl address = base.resolved(name);
     if (address.scheme() != QLatin1String(kScheme))
         return {};
     const QByteArray bytes = m_book.Read(PageOf(address));

@@ -1,12 +1,12 @@
 #include "platform/word/proofreading_dialog.h"
 
+#include "platform/controls/centre.h"
+
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScreen>
 #include <QTextEdit>
 #include <QVBoxLayout>
 
@@ -104,8 +104,7 @@ ProofreadingReply ProofreadingDialog::Ask(const QString& paragraph, const Findin
     Show(paragraph, finding);
     if (!isVisible()) {
         adjustSize();
-        const QRect screen = QGuiApplication::primaryScreen()->geometry();
-        move(screen.center() - rect().center());
+        platform::CentreOnScreen(this);
         show();
         activateWindow();
     }

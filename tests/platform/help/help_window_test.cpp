@@ -6,6 +6,7 @@
 #include "platform/help/help_window.h"
 #include "tests/support/pdf_pages.h"
 
+#include <QTextCursor>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPrinter>
@@ -138,6 +139,19 @@ private Q_SLOTS:
         for (const char* name : {"file:///etc/passwd", "/etc/passwd", "https://attymerrow.example/a.png"})
             QVERIFY(!window.browser->loadResource(QTextDocument::ImageResource, QUrl(QLatin1String(name)))
                          .isValid());
+    }
+
+    void EachPageIsShownInItsStyle() {
+        HelpWindow window(nullptr);
+        QVERIFY(window.ShowFile(HelpFile()));
+        const auto sizeOfTitle = [&window] {
+            QTextCursor title(window.browser->document());
+            title.movePosition(QTextCursor::NextCharacter);
+            return title.charFormat().fontPointSize();
+        };
+        QCOMPARE(sizeOfTitle(), 17.0);
+        QVERIFY(window.browser->ShowPage(u"pages/jurat.html"_qs));
+        QCOMPARE(sizeOfTitle(), 17.0);
     }
 
     void APageIsPrintedWithItsText() {

@@ -6,9 +6,8 @@
 #include "output/word_commands.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
-#include "tests/support/real_writer.h"
 #include "tests/support/small_disk.h"
-#include "tests/support/test_window.h"
+#include "tests/support/writer_desk.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -20,7 +19,6 @@ using platform::WordApplication;
 
 namespace {
 
-const QString kHome = u"Quillbrook by Atty. Merrow"_qs;
 const QString kWriterWindow = u"from Quillbrook"_qs;
 
 QByteArray Run(const QString& program, const QStringList& arguments) {
@@ -28,123 +26,6 @@ QByteArray Run(const QString& program, const QStringList& arguments) {
     process.start(program, arguments);
     process.waitForFinished(60'000);
     return process.readAllStandardOutput();
-}
-
-// The window over the real word processor.
-struct Desk {
-    explicit Desk(RealWriter& writer) {
-        window.services.wordProcessor.real = &writer.Service();
-        window->SetTab(Tab::EditForm);
-        window->txtContent()->setTextRTF(QByteArray("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}\\cf1 "
-                                                    "Deed of Sale\\par {\\b Know all men}\\par}"));
-    }
-
-    std::vector<ScriptedMessageBox::Shown>& Messages() { return window.services.messageBox.shown; }
-    WordCommands& Commands() { return *window->wordCommands; }
-    bool IsAtRest() {
-        return window->windowTitle() == kHome && !QGuiApplication::overrideCursor() &&
-               !window->Variables().WordApp;
-    }
-
-    TestWindow window;
-};
-
-// Tries `act` again and again while a command waits for the word processor, until it does something.
-class Meanwhile {
-public:
-    explicit Meanwhile(std::function<bool()> act) {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, act] {
-            m_timer.stop();
-            m_acted = act();
-            if (!m_acted)
-                m_timer.start();
-        });
-        m_timer.start(100);
-    }
-    bool HasActed() const { return m_acted; }
-
-private:
-    QTimer m_timer;
-    bool m_acted = false;
-};
-
-// Does something to the word processor right before one of the calls of a command.
-class Accident final : public platform::WordProcessorService {
-public:
-    Accident(RealWriter& writer, QString call, std::function<void()> happen)
-        : m_writer(writer)
-        , m_call(std::move(call))
-        , m_happen(std::move(happen)) {}
-
-    std::unique_ptr<WordApplication> CreateWordApplication(QWidget* window) override;
-    void Before(const char* call) {
-        if (m_call == QLatin1String(call) && !m_happened) {
-            m_happened = true;
-            m_happen();
-        }
-    }
-    bool Happened() const { return m_happened; }
-
-private:
-    RealWriter& m_writer;
-    QString m_call;
-    std::function<void()> m_happen;
-    bool m_happened = false;
-};
-
-class UnluckyApplication final : public WordApplication {
-public:
-    UnluckyApplication(std::unique_ptr<WordApplication> word, Accident& accident)
-        : m_word(std::move(word))
-        , m_accident(accident) {}
-
-    bool SetVisible(bool visible) override { return At("Visible")->SetVisible(visible); }
-    bool SetCaption(const QString& caption) override { return At("Caption")->SetCaption(caption); }
-    bool DocumentsAdd() override { return At("Add")->DocumentsAdd(); }
-    bool DocumentsOpen(const QString& path) override { return At("Open")->DocumentsOpen(path); }
-    bool SelectionPaste() override { return At("Paste")->SelectionPaste(); }
-    bool SelectionWholeStory() override { return At("WholeStory")->SelectionWholeStory(); }
-    bool SelectionFontColor(int color) override { return At("Color")->SelectionFontColor(color); }
-    bool SelectionHomeKey(int unit) override { return At("HomeKey")->SelectionHomeKey(unit); }
-    bool SelectionCopy() override { return At("Copy")->SelectionCopy(); }
-    bool SelectionCut() override { return At("Cut")->SelectionCut(); }
-    std::optional<float> InchesToPoints(float inches) override {
-        return At("InchesToPoints")->InchesToPoints(inches);
-    }
-    bool SetPageSetup(platform::PageLength length, float points) override {
-        return At("PageSetup")->SetPageSetup(length, points);
-    }
-    bool WindowsApplicationActivate() override { return At("Activate")->WindowsApplicationActivate(); }
-    bool ShowDialog(int dialog) override { return At("Dialog")->ShowDialog(dialog); }
-    bool ActiveDocumentPrintPreview() override { return At("StartPreview")->ActiveDocumentPrintPreview(); }
-    bool SetPageFit(int fit) override { return At("PageFit")->SetPageFit(fit); }
-    bool PrintPreview() override { return At("PrintPreview")->PrintPreview(); }
-    bool SetCheckGrammarWithSpelling(bool check) override {
-        return At("Options")->SetCheckGrammarWithSpelling(check);
-    }
-    bool ActiveDocumentCheckGrammar() override { return At("CheckGrammar")->ActiveDocumentCheckGrammar(); }
-    bool ActiveDocumentSelect() override { return At("Select")->ActiveDocumentSelect(); }
-    int ActiveDocumentSaveAs(const QString& path) override {
-        return At("SaveAs")->ActiveDocumentSaveAs(path);
-    }
-    bool ActiveDocumentClose(int saveChanges) override {
-        return At("Close")->ActiveDocumentClose(saveChanges);
-    }
-    bool Quit(std::optional<int> saveChanges) override { return At("Quit")->Quit(saveChanges); }
-
-private:
-    WordApplication* At(const char* call) {
-        m_accident.Before(call);
-        return m_word.get();
-    }
-
-    std::unique_ptr<WordApplication> m_word;
-    Accident& m_accident;
-};
-
-std::unique_ptr<WordApplication> Accident::CreateWordApplication(QWidget* window) {
-    auto word = m_writer.Service().CreateWordApplication(window);
-    return word ? std::make_unique<UnluckyApplication>(std::move(word), *this) : nullptr;
 }
 
 } // namespace
@@ -180,7 +61,7 @@ private Q_SLOTS:
     }
 
     void SavedDocumentIsAWordFileOfOurPage() {
-        Desk desk(*m_writer);
+        WriterDesk desk(*m_writer);
         desk.window->Menu(u"mnuLongSize"_qs)->trigger();
         desk.window.services.commonDialog.files = {Path(u"deed.rtf"_qs)};
         desk.Commands().SaveAsMSDoc();
@@ -333,7 +214,7 @@ private Q_SLOTS:
             QSKIP("no file system can be mounted here");
         QVERIFY(full ? disk.Fill() : disk.Lock());
         const QStringList before = disk.Files();
-        Desk desk(*m_writer);
+        WriterDesk desk(*m_writer);
         desk.window.services.commonDialog.files = {disk.Path(u"deed.doc"_qs)};
         desk.Commands().SaveAsMSDoc(); // the second file dialog is cancelled
         QCOMPARE(desk.Messages().size(), std::size_t(1));
@@ -346,7 +227,7 @@ private Q_SLOTS:
     }
 
     void ThePrintDialogIsWaitedForAndCancelled() {
-        Desk desk(*m_writer);
+        WriterDesk desk(*m_writer);
         QVERIFY(desk.window.Show());
         const Meanwhile person([] { return person::Press(u"^Print"_qs, u"Escape"_qs); });
         desk.window->printCommands->Print();
@@ -359,7 +240,7 @@ private Q_SLOTS:
     }
 
     void TheWindowTakesNoInputWhileItWaits() {
-        Desk desk(*m_writer);
+        WriterDesk desk(*m_writer);
         QVERIFY(desk.window.Show());
         const QString text = desk.window->txtContent()->Text();
         bool typed = false;
@@ -382,7 +263,7 @@ private Q_SLOTS:
     }
 
     void PreviewLastsUntilItsWindowIsClosed() {
-        Desk desk(*m_writer);
+        WriterDesk desk(*m_writer);
         QVERIFY(desk.window.Show());
         QElapsedTimer open;
         const Meanwhile person([&open] {
@@ -404,7 +285,7 @@ private Q_SLOTS:
 
     void ExportLeavesTheDocumentWithTheUser() {
         {
-            Desk desk(*m_writer);
+            WriterDesk desk(*m_writer);
             desk.Commands().ExportPane();
             QVERIFY(desk.IsAtRest());
             QVERIFY(desk.Messages().empty());
@@ -436,7 +317,7 @@ private Q_SLOTS:
                                   u"--norestore"_qs, u"--nofirststartwizard"_qs, letter.fileName()});
         QVERIFY(person::SeesWindow(u"letter.txt"_qs, 30'000));
         {
-            Desk desk(*m_writer);
+            WriterDesk desk(*m_writer);
             desk.window.services.commonDialog.files = {Path(u"beside.doc"_qs)};
             desk.Commands().SaveAsMSDoc();
             QCOMPARE(desk.Messages().size(), std::size_t(1));
@@ -449,97 +330,6 @@ private Q_SLOTS:
         for (const pid_t process : processes)
             ::kill(process, SIGKILL);
         own.waitForFinished();
-    }
-
-    void KillingItEndsTheCommand_data() {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("call");
-        QTest::newRow("export, at the paste") << u"export"_qs << u"Paste"_qs;
-        QTest::newRow("print, before the dialog") << u"print"_qs << u"Dialog"_qs;
-        QTest::newRow("print, in the dialog") << u"print"_qs << u"later"_qs;
-        QTest::newRow("preview, in the preview") << u"preview"_qs << u"PrintPreview"_qs;
-        QTest::newRow("save, at the page") << u"save"_qs << u"PageSetup"_qs;
-        QTest::newRow("save, at the end") << u"save"_qs << u"Quit"_qs;
-        QTest::newRow("open, at the copy") << u"open"_qs << u"Copy"_qs;
-    }
-    void KillingItEndsTheCommand() {
-        QFETCH(QString, command);
-        QFETCH(QString, call);
-        Desk desk(*m_writer);
-        QElapsedTimer since;
-        bool killed = false;
-        const auto kill = [&] {
-            m_writer->Signal(SIGKILL);
-            killed = true;
-            since.start();
-        };
-        Accident accident(*m_writer, call, kill);
-        desk.window.services.wordProcessor.real = &accident;
-        const Meanwhile later([&] {
-            if (call != u"later" || person::WindowNamed(u"^Print"_qs) == 0)
-                return false;
-            kill();
-            return true;
-        });
-        if (command == u"export") {
-            desk.Commands().ExportPane();
-        } else if (command == u"print") {
-            desk.window->printCommands->Print();
-        } else if (command == u"preview") {
-            desk.window->printCommands->PrintPreview();
-        } else if (command == u"save") {
-            desk.window.services.commonDialog.files = {Path(u"killed.doc"_qs)};
-            desk.Commands().SaveAsMSDoc();
-        } else {
-            QGuiApplication::clipboard()->clear();
-            desk.window.services.commonDialog.files = {Path(u"deed.doc"_qs)};
-            desk.window->fileCommands->Open();
-            QCOMPARE(desk.Messages().size(), std::size_t(1));
-            QVERIFY(desk.Messages()[0].text.startsWith(u"An error occured while opening"));
-            desk.window->SetCaption(kHome); // this one leaves its own
-        }
-        QVERIFY(killed);
-        QVERIFY2(since.elapsed() < 10'000, qPrintable(QString::number(since.elapsed())));
-        QVERIFY(desk.IsAtRest());
-        if (call == u"PageSetup") { // the error is told, and nothing is saved
-            QCOMPARE(desk.Messages().size(), std::size_t(1));
-            QCOMPARE(desk.Messages()[0].text, u"Error in saving file!   \n"_qs);
-            QVERIFY(!QFile::exists(Path(u"killed.doc"_qs)));
-        }
-        QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(m_writer->HasNoLocks());
-    }
-
-    void OneThatHangsIsEndedWithinTenSeconds() {
-        Desk desk(*m_writer);
-        QElapsedTimer since;
-        Accident accident(*m_writer, u"WholeStory"_qs, [&] {
-            m_writer->Signal(SIGSTOP);
-            since.start();
-        });
-        desk.window.services.wordProcessor.real = &accident;
-        desk.window.services.commonDialog.files = {Path(u"hung.doc"_qs)};
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(accident.Happened());
-        QVERIFY2(since.elapsed() < 11'000, qPrintable(QString::number(since.elapsed())));
-        QCOMPARE(desk.Messages().size(), std::size_t(1));
-        QCOMPARE(desk.Messages()[0].text, u"Error in saving file!   \n"_qs);
-        QVERIFY(desk.IsAtRest());
-        QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(m_writer->HasNoLocks());
-    }
-
-    void OrphansOfACrashAreEndedAtTheNextStart() {
-        auto word = m_writer->Service().CreateWordApplication(nullptr);
-        QVERIFY(word);
-        QVERIFY(word->DocumentsAdd());
-        m_writer->Crash();
-        QVERIFY(!m_writer->Processes().empty());
-        const platform::WordProcessor nextStart(QStringLiteral(QUILLBROOK_BINARY_DIR), m_writer->Pool());
-        QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(!word->SelectionPaste());
-        word.reset();
-        QVERIFY(m_writer->HasNoLocks());
     }
 
     void ADroppedHiddenInstanceEndsWithTheProgram() {
