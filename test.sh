@@ -8,5 +8,6 @@ if [ "${1:-}" = -- ]; then shift; fi
 
 scripts/setup.sh build display tour
 scripts/setup.sh word || echo "Going on without LibreOffice: what needs it is skipped."
+scripts/setup.sh bench || echo "Going on without Google Benchmark: the benchmarks are not built."
 scripts/build.sh test
 exec ctest --test-dir build/test --output-on-failure --no-tests=error --parallel 2 --timeout 600 "$@"

@@ -5,14 +5,9 @@
 #include "library/library_format.h"
 #include "library/my_forms_page.h"
 #include "platform/controls/list_box.h"
-#include "platform/desktop/common_dialog.h"
-#include "platform/desktop/message_box.h"
-#include "platform/desktop/printer.h"
-#include "platform/desktop/single_instance.h"
+#include "platform/desktop_services.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rtf_writer.h"
-#include "platform/services.h"
-#include "platform/word/word_processor.h"
 
 #include <QApplication>
 #include <QDir>
@@ -75,7 +70,7 @@ class Window {
 public:
     explicit Window(int subCategories)
         : m_folder(subCategories)
-        , m_main(m_services, m_folder.Path()) {
+        , m_main(m_desktop.Services(), m_folder.Path()) {
         m_main.Load();
         m_main.show();
         m_main.SetTab(Tab::MyForms);
@@ -87,12 +82,8 @@ public:
 
 private:
     Folder m_folder;
-    platform::DesktopMessageBox m_messageBox;
-    platform::SingleInstance m_instance{QStringLiteral("quillbrook-bench"), QStringLiteral("Benchmark")};
-    platform::CommonDialog m_commonDialog;
-    platform::Printer m_printer{QStringLiteral("Benchmark")};
-    platform::WordProcessor m_wordProcessor;
-    platform::Services m_services{m_messageBox, m_instance, m_commonDialog, m_printer, m_wordProcessor};
+    platform::DesktopServices m_desktop{QStringLiteral("quillbrook-bench"), QStringLiteral("Benchmark"),
+                                        m_folder.Path()};
     frmMain m_main;
 };
 

@@ -8,14 +8,7 @@
 #include "appearance/look.h"
 #include "library/library_format.h"
 #include "platform/database/database.h"
-#include "platform/desktop/common_dialog.h"
-#include "platform/desktop/message_box.h"
-#include "platform/desktop/printer.h"
-#include "platform/desktop/single_instance.h"
-#include "platform/desktop/sound.h"
-#include "platform/help/help_viewer.h"
-#include "platform/services.h"
-#include "platform/word/word_processor.h"
+#include "platform/desktop_services.h"
 
 #include <QApplication>
 #include <QDir>
@@ -41,15 +34,9 @@ constexpr char kChild[] = "--start";
 int Start(int argc, char* argv[], const QString& folder) {
     QApplication application(argc, argv);
     ApplyLook(application);
-    platform::DesktopMessageBox messageBox;
-    platform::SingleInstance instance(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"), folder);
-    platform::CommonDialog commonDialog;
-    platform::Printer printer(QStringLiteral("Quillbrook PRO"));
-    platform::WordProcessor wordProcessor(folder);
-    platform::DesktopSound sound;
-    platform::HelpViewer help;
-    platform::Services services{messageBox, instance, commonDialog, printer, wordProcessor, sound, help};
-    frmProgram program(services, folder);
+    platform::DesktopServices desktop(QStringLiteral("quillbrook"), QStringLiteral("Quillbrook PRO"), folder,
+                                      folder);
+    frmProgram program(desktop.Services(), folder);
     program.Start();
 
     class Watch final : public QObject {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/setup.sh GROUP...: sees to it that the packages of the groups are there.
-# Groups: build, word, display, tour, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
+# Groups: build, word, display, tour, bench, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
 # Where that cannot be done (no apt-get, no right to, no network) it lists what is missing and exits 1.
 set -euo pipefail
 export LC_ALL=C # what apt says is read below
@@ -39,6 +39,7 @@ tour|wmctrl|cmd:wmctrl|closes the tour's windows as a person would
 tour|imagemagick|cmd:import|takes the tour's pictures
 tour|file|cmd:file|tells what kind of file a saved document is
 tour|poppler-utils|cmd:pdftoppm|shows the pages of the printed documents
+bench|libbenchmark-dev|pc:benchmark|times the benchmarks
 fuzz|clang|cmd:clang++|the compiler that has the fuzzer
 LIST
   printf '%s\n' "${rows[@]}"
