@@ -3,7 +3,7 @@
 # such as --benchmark_filter=Snapshot.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-scripts/setup.sh build bench display tour
+scripts/setup.sh build bench peers display tour
 scripts/setup.sh word || echo "Going on without a word processor." >&2
 programs=()
 for source in bench/*_bench.cpp; do programs+=("$(basename "$source" .cpp)"); done

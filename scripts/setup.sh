@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # scripts/setup.sh GROUP...: sees to it that the packages of the groups are there.
-# Groups: build, word, display, tour, bench, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
+# Groups: build, word, display, tour, bench, peers, wayland, fuzz. Says what is missing and why, and installs it with apt-get.
 # Where that cannot be done (no apt-get, no right to, no network) it lists what is missing and exits 1.
 set -euo pipefail
 export LC_ALL=C # what apt says is read below
@@ -40,6 +40,8 @@ tour|imagemagick|cmd:import|takes the tour's pictures
 tour|file|cmd:file|tells what kind of file a saved document is
 tour|poppler-utils|cmd:pdftoppm|shows the pages of the printed documents
 bench|libbenchmark-dev|pc:benchmark|times the benchmarks
+peers|ripgrep|cmd:rg|searches the same texts as files, beside our search
+peers|libsqlite3-0|none|searches the same texts in memory, beside our search
 fuzz|clang|cmd:clang++|the compiler that has the fuzzer
 LIST
   printf '%s\n' "${rows[@]}"
@@ -136,7 +138,7 @@ apt() {
 groups=${*:-build}
 for group in $groups; do
   case $group in
-  build | word | display | tour | wayland | fuzz) ;;
+  build | word | display | tour | bench | peers | wayland | fuzz) ;;
   *)
     echo "setup: no group is called '$group'" >&2
     exit 2

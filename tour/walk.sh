@@ -159,14 +159,18 @@ if [ -e "${TOUR_WRITER:-}" ] && command -v soffice >/dev/null; then
   picture 26-saved
   keys Return
   settle
+  go_to 2
+  keys ctrl+End
+  write "The seller recieved the price."
+  settle
   click "$main" 40 258 # Check Spelling
-  if dialog=$(wait_window 'Spelling & Grammar$' 60); then
-    picture_of "$dialog" 26-spelling
-    keys Escape # the changes made until then would stay
-  fi
+  dialog=$(wait_window 'Spelling & Grammar$' 60) || fail "nothing was found to correct"
+  picture_of "$dialog" 26-spelling
+  keys Return # the change suggested
   dialog=$(wait_window '^Quillbrook PRO' 60) || fail "the check does not end"
   keys Return
   settle
+  go_to 0
 fi
 
 # the colour themes on one sheet: each step of the dialog shows at once

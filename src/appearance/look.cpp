@@ -102,7 +102,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         QLabel#lblQuillbrook, QLabel#lblSearch, QLabel#lblFavorites, QLabel#lblHistory {
             font-size: %8pt; font-weight: 600;
         }
-        platform--PageLabel { qproperty-ground: %1; qproperty-edge: %2; color: %6; padding: 0px 8px; }
+        platform--PageLabel { qproperty-ground: %1; qproperty-edge: %2; color: %6; }
         QDialog#frmTheme platform--MyButton[default="true"] { border-color: %7; }
         QLabel#lblTheme { font-size: %8pt; }
         QWidget#picCredits1 { background: #1f2735; }

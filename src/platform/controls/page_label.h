@@ -13,8 +13,7 @@ class PageLabel final : public QLabel {
     Q_PROPERTY(QColor edge MEMBER m_edge)
 
 public:
-    explicit PageLabel(const QString& caption, QWidget* parent = nullptr)
-        : QLabel(caption, parent) {}
+    explicit PageLabel(const QString& caption, QWidget* parent = nullptr);
 
     // Device-independent pixels, 0 for the width of the text; never wider than the label.
     void setGroundWidth(int width) { m_groundWidth = width; }

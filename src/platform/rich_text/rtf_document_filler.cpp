@@ -12,6 +12,18 @@ namespace {
 
 constexpr int kMostControls = 1'000; // Qt compares formats that differ only in byte arrays one by one
 
+// Half the space between the texts of neighbouring cells, told by itself or as a padding.
+int GapOf(const RtfRowDefinition* row) {
+    if (!row)
+        return 0;
+    if (row->gap != 0)
+        return row->gap;
+    int padding = row->padding;
+    for (const RtfCellDefinition& cell : row->cells)
+        padding = std::max(padding, cell.padding);
+    return padding;
+}
+
 QTextTableFormat TableFormat(const RtfGrid& grid) {
     QTextTableFormat format;
     QList<QTextLength> widths;
@@ -22,8 +34,7 @@ QTextTableFormat TableFormat(const RtfGrid& grid) {
         edges.append(edge);
         left = edge;
     }
-    const auto& definition = grid.rows.front()->definition;
-    const int gap = definition ? definition->gap : 0;
+    const int gap = GapOf(grid.rows.front()->definition.get());
     format.setColumnWidthConstraints(widths);
     format.setProperty(CellRightEdges, edges);
     format.setProperty(TableLeft, grid.left);

@@ -35,13 +35,15 @@ struct RtfCellDefinition {
     bool mergedWithAbove = false;
     int verticalAlignment = 0;        // QTextCharFormat::VerticalAlignment
     int background = 0;               // number in the colour table
+    int padding = 0;                  // twips, right of the text
     std::array<RtfBorder, 4> borders; // top, left, bottom, right
     QByteArray controls;
 };
 
 struct RtfRowDefinition {
-    int left = 0; // twips
-    int gap = 0;  // twips, half the space between the texts of neighbouring cells
+    int left = 0;    // twips
+    int gap = 0;     // twips, half the space between the texts of neighbouring cells
+    int padding = 0; // twips, right of the text of each cell, where there is no gap
     QByteArray controls;
     std::vector<RtfCellDefinition> cells;
 };

@@ -182,10 +182,12 @@ private:
     void OnRowDefaults(const Word& word);
     void OnRowNumber(const Word& word);
     void OnRowControl(const Word& word);
+    void OnRowPadding(const Word& word);
     void OnCellEdge(const Word& word);
     void OnCellFlag(const Word& word);
     void OnCellNumber(const Word& word);
     void OnCellControl(const Word& word);
+    void OnCellPadding(const Word& word);
     void OnCellBorder(const Word& word);
     void OnRowBorder(const Word& word);
     void OnCell(const Word& word);

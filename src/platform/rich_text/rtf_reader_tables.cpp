@@ -6,6 +6,8 @@
 
 namespace platform {
 
+constexpr int kWidestGap = 720; // twips
+
 void RtfReader::OnRowDefaults(const Word&) {
     m_row = {};
     m_cell = {};
@@ -14,9 +16,10 @@ void RtfReader::OnRowDefaults(const Word&) {
 }
 
 void RtfReader::OnRowNumber(const Word& word) {
-    (word.argument == 0 ? m_row.left : m_row.gap) = Twips();
-    if (word.argument != 0)
-        m_row.gap = std::clamp(m_row.gap, 0, 720);
+    if (word.argument == 0)
+        m_row.left = Twips();
+    else
+        m_row.gap = std::clamp(Twips(), 0, kWidestGap);
     AppendControls(m_row.controls);
     m_sharedRow.reset();
 }
@@ -24,6 +27,13 @@ void RtfReader::OnRowNumber(const Word& word) {
 void RtfReader::OnRowControl(const Word&) {
     AppendControls(m_row.controls);
     m_sharedRow.reset();
+}
+
+// Word processors write the left padding of a cell under the name of the upper one: only the right one can be
+// trusted, and the two hardly ever differ.
+void RtfReader::OnRowPadding(const Word& word) {
+    m_row.padding = std::clamp(Twips(), 0, kWidestGap);
+    OnRowControl(word);
 }
 
 void RtfReader::OnCellEdge(const Word&) {
@@ -51,6 +61,11 @@ void RtfReader::OnCellNumber(const Word& word) {
 
 void RtfReader::OnCellControl(const Word&) {
     AppendControls(m_cell.controls);
+}
+
+void RtfReader::OnCellPadding(const Word& word) {
+    m_cell.padding = std::clamp(Twips(), 0, kWidestGap);
+    OnCellControl(word);
 }
 
 void RtfReader::OnCellBorder(const Word& word) {

@@ -193,6 +193,26 @@ private Q_SLOTS:
         QCOMPARE(cell.property(RowControls).toByteArray(), QByteArray("\\trgaph108\\trleft-108\\trhdr"));
         QVERIFY(!table->cellAt(0, 1).format().hasProperty(RowControls));
     }
+
+    void TheSpaceBetweenCellsIsToldInThreeWays_data() {
+        QTest::addColumn<QByteArray>("row");
+        QTest::addColumn<double>("padding"); // pixels
+        QTest::newRow("gap") << QByteArray("\\trgaph120\\cellx2000") << 4.0;
+        QTest::newRow("padding of the row") << QByteArray("\\trpaddl120\\trpaddr120\\cellx2000") << 4.0;
+        QTest::newRow("padding of a cell, the left one under the upper one's name")
+            << QByteArray("\\trpaddr0\\clpadft3\\clpadt120\\clpadfr3\\clpadr120\\cellx2000") << 4.0;
+        QTest::newRow("the gap before the padding") << QByteArray("\\trgaph60\\trpaddr240\\cellx2000") << 2.0;
+        QTest::newRow("none") << QByteArray("\\cellx2000") << 0.0;
+        QTest::newRow("absurd") << QByteArray("\\clpadr32000\\cellx2000") << 24.0;
+        QTest::newRow("negative") << QByteArray("\\clpadr-100\\cellx2000") << 0.0;
+    }
+    void TheSpaceBetweenCellsIsToldInThreeWays() {
+        QFETCH(QByteArray, row);
+        QFETCH(double, padding);
+        const auto document = ReadRtf("{\\rtf1\\trowd" + row + "\\pard\\intbl a\\cell\\row}");
+        QCOMPARE(TablesIn(document->rootFrame()).front()->format().cellPadding(), padding);
+        QVERIFY(WriteRtf(*document).contains(row.left(row.indexOf("\\cellx")))); // it stays as it stood
+    }
 };
 
 QTEST_MAIN(RtfReaderTablesTest)
