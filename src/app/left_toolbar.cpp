@@ -10,7 +10,7 @@ constexpr int kButtonWidth = 52;
 constexpr int kButtonHeight = 52;
 constexpr int kFirstTop = 12;
 constexpr int kPitch = 60;
-constexpr int kHelpTop = 412; // its lowest place; a taller window moves it down
+constexpr int kHelpTop = 412; // at its highest; a taller window moves it down
 
 static platform::MyButton* MakeLargeButton(QWidget* bar, int top, const char* name, const QString& tip,
                                            const char* picture) {

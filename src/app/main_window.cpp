@@ -111,6 +111,7 @@ frmMain::frmMain(platform::Services& services, const QString& executableFolder)
     ConnectPages();
     ConnectEditor();
     ConnectHover();
+    menuTree->TakeShortcutsFromFields(this);
 }
 
 frmMain::~frmMain() = default;
@@ -391,7 +392,7 @@ void frmMain::ResizeControls() {
     SetHeight(m_txtMyContent, innerHeight - Top(m_txtMyContent) - barHeight - kMarginAfterResize);
     QWidget* bar = leftToolbar->picLeftToolbar;
     SetTop(bar, 45);
-    bar->resize(bar->width(), platform::ToPixels(std::max(0, Height(SSTab) - 15)));
+    SetHeight(bar, Height(SSTab) - 15);
     SetTop(leftToolbar->btnHelp, std::max(Height(bar) - Height(leftToolbar->btnHelp) - 150, kLeastHelpTop));
     SetWidth(categoryBrowser->lblQuillbrook, Width(SSTab) - Left(categoryBrowser->lblQuillbrook) - 250);
     SetWidth(searchPage->lblSearchGuide, Width(SSTab) - 6540 - 250);

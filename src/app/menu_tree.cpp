@@ -3,14 +3,19 @@
 #include "app/menu_table.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 
 namespace quillbrook {
 
 // A click on an entry with a check mark does not move the mark: what the entry does sets it.
 static void KeepCheckMark(QAction* entry) {
-    QObject::connect(entry, &QAction::triggered, entry, [entry](bool checked) { entry->setChecked(!checked); });
+    QObject::connect(entry, &QAction::triggered, entry,
+                     [entry](bool checked) { entry->setChecked(!checked); });
 }
 
 MenuTree::MenuTree(QWidget* window)
@@ -42,7 +47,8 @@ MenuTree::MenuTree(QWidget* window)
             break;
         case MenuKind::Item:
             entry = parent->addAction(caption);
-            entry->setShortcut(QKeySequence::fromString(QLatin1String(row.shortcut), QKeySequence::PortableText));
+            entry->setShortcut(
+                QKeySequence::fromString(QLatin1String(row.shortcut), QKeySequence::PortableText));
             entry->setMenuRole(QAction::NoRole);
             entry->setCheckable(row.isCheckable);
             entry->setChecked(row.isChecked);
@@ -56,7 +62,31 @@ MenuTree::MenuTree(QWidget* window)
     }
 }
 
-QAction* MenuTree::Entry(const QString& name) const { return m_entries.value(name); }
-QMenu* MenuTree::Menu(const QString& name) const { return m_menus.value(name); }
+void MenuTree::TakeShortcutsFromFields(QWidget* window) {
+    for (QWidget* control : window->findChildren<QWidget*>())
+        if (qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control))
+            control->installEventFilter(this);
+}
+
+bool MenuTree::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        IsShortcut(QKeySequence(static_cast<QKeyEvent*>(event)->keyCombination()))) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool MenuTree::IsShortcut(const QKeySequence& keys) const {
+    return !keys.isEmpty() && std::any_of(m_entries.begin(), m_entries.end(),
+                                          [&](const QAction* entry) { return entry->shortcut() == keys; });
+}
+
+QAction* MenuTree::Entry(const QString& name) const {
+    return m_entries.value(name);
+}
+QMenu* MenuTree::Menu(const QString& name) const {
+    return m_menus.value(name);
+}
 
 } // namespace quillbrook

@@ -98,6 +98,39 @@ private Q_SLOTS:
         QCOMPARE(triggered.size(), 1);
     }
 
+    void AShortcutReachesItsEntryFromAFieldOfTextAndLeavesTheText_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("cboQuery") << int(Tab::Search) << u"deed"_qs;
+        // these two show the format of the pane after each command
+        QTest::newRow("cboFonts") << int(Tab::EditForm) << u"Times New Roman"_qs;
+        QTest::newRow("cboFontSize") << int(Tab::EditForm) << u"12"_qs;
+        QTest::newRow("txtMyTitle") << int(Tab::MyForms) << u"Deed"_qs;
+        QTest::newRow("cboMySubCategory") << int(Tab::MyForms) << u"Deeds"_qs;
+    }
+    void AShortcutReachesItsEntryFromAFieldOfTextAndLeavesTheText() {
+        QFETCH(int, tab);
+        QFETCH(QString, text);
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->SetTab(Tab(tab));
+        auto* field = window->findChild<QWidget*>(QLatin1String(QTest::currentDataTag()));
+        const auto* combo = qobject_cast<QComboBox*>(field);
+        auto* line = combo ? combo->lineEdit() : qobject_cast<QLineEdit*>(field);
+        field->setFocus();
+        line->setText(text);
+        for (const auto& [name, key] :
+             {std::pair(u"mnuBold"_qs, Qt::Key_B), std::pair(u"mnuItalic"_qs, Qt::Key_I),
+              std::pair(u"mnuUnderline"_qs, Qt::Key_U), std::pair(u"mnuLeft"_qs, Qt::Key_L),
+              std::pair(u"mnuCenter"_qs, Qt::Key_E), std::pair(u"mnuRight"_qs, Qt::Key_R)}) {
+            QSignalSpy triggered(window->Menu(name), &QAction::triggered);
+            field->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+            QVERIFY2(triggered.size() == 1, qPrintable(name));
+            QCOMPARE(line->text(), text);
+        }
+    }
+
     void F1ReachesTheHelpEntryFromEveryPage() {
         TestWindow window;
         QVERIFY(window.Show());
