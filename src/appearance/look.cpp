@@ -30,7 +30,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
     const QColor accent(kAccent);
 
     // %1 frame ground, %2 soft edge, %3 accent, %4 hover ground, %5 calm ink, %6 ink, %7 paper, %8 and %9
-    // sizes of headings and captions of frames, %10 accent under the mouse
+    // sizes of headings and captions of frames, %10 accent under the mouse, %11 face of the desktop's buttons
     return QStringLiteral(R"(
         platform--Frame {
             background: %1; border: 1px solid %2; border-radius: 6px;
@@ -92,7 +92,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         QRadioButton { border: 1px solid transparent; border-radius: 4px; padding: 1px; }
         QRadioButton:focus { border-color: %3; }
         QFrame#fmeEditToolBar { background: %1; border: 1px solid %2; border-radius: 6px; }
-        QWidget#picLeftToolbar { background: %1; border-right: 1px solid %2; }
+        QWidget#picLeftToolbar { background: %11; border-right: 1px solid %2; }
         QWidget#StatusBar1 { background: %1; border-top: 1px solid %2; }
         QWidget#StatusBar1 QPushButton {
             border: 1px solid transparent; border-radius: 3px; padding: 0px 8px; text-align: left; color: %6;
@@ -111,7 +111,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         .arg(Hex(Mix(ground, paper, 0.35)), Hex(Mix(ground, ink, 0.22)), Hex(accent),
              Hex(Mix(paper, accent, 0.12)), Hex(Mix(ground, ink, 0.66)), Hex(ink), Hex(paper),
              QString::number(size * 1.3, 'f', 1), QString::number(size * 0.92, 'f', 1),
-             Hex(Mix(accent, ink, 0.15)));
+             Hex(Mix(accent, ink, 0.15)), Hex(palette.color(QPalette::Button)));
 }
 
 // The desktop's palette with the program's accent.

@@ -172,6 +172,19 @@ private Q_SLOTS:
         QCOMPARE(after.pixelColor(3, after.height() / 2), before.pixelColor(3, before.height() / 2));
     }
 
+    void TheToolbarAndItsButtonsHaveTheDesktopsButtonFaceUnderEveryTheme() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        const QColor face = QGuiApplication::palette().color(QPalette::Button);
+        for (const int number : {1, 2, 14}) {
+            window->themeCommands->ApplyTheme(ThemeOf(number));
+            QWidget* bar = window->leftToolbar->picLeftToolbar;
+            QCOMPARE(GroundOf(bar), face);
+            for (QWidget* button : bar->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+                QCOMPARE(PixelOf(bar, button->pos() + QPoint(3, 3)), face);
+        }
+    }
+
     void HeadingsHaveAGroundOfTheirOwnOnABlackPage_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {"lblQuillbrook", "lblSearch", "lblFavorites", "lblHistory"})
