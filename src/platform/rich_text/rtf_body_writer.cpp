@@ -21,6 +21,26 @@ QTextTable* OuterTable(const QTextDocument& document, int position) {
     return outer;
 }
 
+// Raised text stands in a group of its own.
+class RaisedGroup {
+public:
+    RaisedGroup(RtfOutput& out, bool isRaised)
+        : m_out(isRaised ? &out : nullptr) {
+        if (!m_out)
+            return;
+        m_out->Raw("{");
+        m_out->Words("\\super");
+    }
+    ~RaisedGroup() {
+        if (m_out)
+            m_out->Raw("}");
+    }
+    Q_DISABLE_COPY_MOVE(RaisedGroup)
+
+private:
+    RtfOutput* m_out; // null for text that is not raised
+};
+
 } // namespace
 
 RtfPart PartAt(const QTextDocument& document, const QTextBlock& block) {
@@ -120,13 +140,8 @@ void RtfBodyWriter::WriteBlock(const QTextBlock& block, int level, Ending ending
                 m_out->Raw(chars.inSymbols ? paragraph.oldListInSymbols : paragraph.oldList);
             started = true;
             m_restart = false;
-        } else if (chars.words != m_words) {
-            // these have no word that takes them back
-            if ((m_words.language != 0 && chars.words.language == 0) ||
-                (m_words.style != 0 && chars.words.style == 0))
-                m_out->Words(chars.full);
-            else
-                WriteCharChange(m_words, chars.words, *m_out);
+        } else {
+            WriteCharsAfter(m_words, chars);
         }
         m_words = chars.words;
         Note(chars.uses);
@@ -143,33 +158,39 @@ void RtfBodyWriter::WriteBlock(const QTextBlock& block, int level, Ending ending
             const auto format = [&fragment] { return fragment.charFormat(); };
             const RtfCharFormats::Entry& chars = m_chars.At(index, format);
             enter(chars, keyOf(index, format));
-            if (chars.isRaised) {
-                m_out->Raw("{");
-                m_out->Words("\\super");
-            }
-            const QStringView part = QStringView(text).mid(fragment.position() - start, fragment.length());
-            if (part.front() == QChar::ObjectReplacementCharacter) {
-                const QTextCharFormat object = format();
-                for (qsizetype i = 0; i < part.size(); ++i)
-                    WriteObject(object);
-            } else {
-                m_out->Text(part, chars.inSymbols);
-            }
-            if (chars.isRaised)
-                m_out->Raw("}");
+            WriteRun(fragment, QStringView(text).mid(fragment.position() - start, fragment.length()), chars);
         }
     }
     const bool staysInField = paragraph.isFiller && isEmpty;
     const RtfCharFormats::Entry& mark = MarkOf(block, atCellStart);
     enter(mark,
           staysInField ? m_key : keyOf(block.charFormatIndex(), [&block] { return block.charFormat(); }));
-    if (mark.isRaised) {
-        m_out->Raw("{");
-        m_out->Words("\\super");
-    }
+    const RaisedGroup group(*m_out, mark.isRaised);
     WriteEnding(paragraph, ending);
-    if (mark.isRaised)
-        m_out->Raw("}");
+}
+
+void RtfBodyWriter::WriteCharsAfter(const RtfCharWords& words, const RtfCharFormats::Entry& chars) {
+    if (chars.words == words)
+        return;
+    // these have no word that takes them back
+    const bool needsAll =
+        (words.language != 0 && chars.words.language == 0) || (words.style != 0 && chars.words.style == 0);
+    if (needsAll)
+        m_out->Words(chars.full);
+    else
+        WriteCharChange(words, chars.words, *m_out);
+}
+
+void RtfBodyWriter::WriteRun(const QTextFragment& fragment, QStringView text,
+                             const RtfCharFormats::Entry& chars) {
+    const RaisedGroup group(*m_out, chars.isRaised);
+    if (text.front() != QChar::ObjectReplacementCharacter) {
+        m_out->Text(text, chars.inSymbols);
+        return;
+    }
+    const QTextCharFormat object = fragment.charFormat();
+    for (qsizetype i = 0; i < text.size(); ++i)
+        WriteObject(object);
 }
 
 void RtfBodyWriter::WriteStart(const RtfBlockFormats::Entry& paragraph, const RtfCharFormats::Entry& chars,

@@ -70,6 +70,9 @@ private:
     // rtf_body_writer.cpp
     void WriteBlock(const QTextBlock& block, int level, Ending ending, bool atCellStart);
     void WriteStart(const RtfBlockFormats::Entry& paragraph, const RtfCharFormats::Entry& chars, int level);
+    // What makes of the words in force those of the next characters.
+    void WriteCharsAfter(const RtfCharWords& words, const RtfCharFormats::Entry& chars);
+    void WriteRun(const QTextFragment& fragment, QStringView text, const RtfCharFormats::Entry& chars);
     void WriteEnding(const RtfBlockFormats::Entry& paragraph, Ending ending);
     void WriteObject(const QTextCharFormat& format);
     const RtfCharFormats::Entry& MarkOf(const QTextBlock& block, bool atCellStart);
