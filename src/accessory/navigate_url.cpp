@@ -5,6 +5,8 @@
 
 namespace quillbrook {
 
-void NavigateURL(const QString& url) { QDesktopServices::openUrl(QUrl(url)); }
+void NavigateURL(const QString& url) {
+    QDesktopServices::openUrl(QUrl(url));
+}
 
 } // namespace quillbrook

@@ -5,12 +5,17 @@
 
 namespace quillbrook {
 
-void WindowList::Offer(const QString& name, Make make) { m_makers[name] = std::move(make); }
+void WindowList::Offer(const QString& name, Make make) {
+    m_makers[name] = std::move(make);
+}
 
-bool WindowList::IsOffered(const QString& name) const { return m_makers.contains(name); }
+bool WindowList::IsOffered(const QString& name) const {
+    return m_makers.contains(name);
+}
 
 bool WindowList::IsLoaded(const QString& name) const {
-    return std::any_of(m_loaded.begin(), m_loaded.end(), [&](const auto& entry) { return entry.first == name; });
+    return std::any_of(m_loaded.begin(), m_loaded.end(),
+                       [&](const auto& entry) { return entry.first == name; });
 }
 
 QStringList WindowList::Loaded() const {

@@ -13,8 +13,8 @@ namespace quillbrook {
 class EditToolBar;
 class Workbench;
 
-// The commands that change the format of the selection. Most work only on the pages where a form is edited; the
-// alignment entries of the menu and the bullet always work on the reading pane.
+// The commands that change the format of the selection. Most work only on the pages where a form is edited;
+// the alignment entries of the menu and the bullet always work on the reading pane.
 class FormatCommands final : public QObject {
     Q_OBJECT
 

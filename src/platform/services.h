@@ -1,5 +1,6 @@
 // What the program asks of the world outside its window and its files: interfaces, so that a test can script
-// the answers. The real ones are in platform/desktop/.
+// the answers. The real ones are in platform/desktop/, platform/word/ and platform/help/;
+// desktop_services.h has them together.
 #pragma once
 
 #include <QColor>

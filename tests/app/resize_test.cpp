@@ -20,7 +20,8 @@ using platform::Width;
 // Lengths are told in twips and set in whole pixels.
 static void CompareTwips(int actual, int expected, const char* what) {
     QVERIFY2(std::abs(actual - expected) <= 7,
-             qPrintable(QStringLiteral("%1: %2 instead of %3").arg(QLatin1String(what)).arg(actual).arg(expected)));
+             qPrintable(
+                 QStringLiteral("%1: %2 instead of %3").arg(QLatin1String(what)).arg(actual).arg(expected)));
 }
 
 class ResizeTest : public QObject {

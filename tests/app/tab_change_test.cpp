@@ -92,7 +92,8 @@ private Q_SLOTS:
             QCOMPARE(Main().txtContent()->pos(), before);
         } else {
             QCOMPARE(Top(Main().txtContent()), 15 * qRound(paneTop / 15.0));
-            const int height = Main().ScaleHeight() - Top(Main().txtContent()) - Height(Main().StatusBar1) - 175;
+            const int height =
+                Main().ScaleHeight() - Top(Main().txtContent()) - Height(Main().StatusBar1) - 175;
             QCOMPARE(Height(Main().txtContent()), 15 * qRound(height / 15.0));
         }
         QWidget* focused = QApplication::focusWidget();
@@ -163,8 +164,9 @@ private Q_SLOTS:
         bar.btnUndo->setEnabled(true);
         bar.btnMyRedo->setEnabled(true);
         const auto menus = [this] {
-            return std::tuple(Main().Menu(u"mnuUndo"_qs)->isEnabled(), Main().Menu(u"mnuPopUndo"_qs)->isEnabled(),
-                              Main().Menu(u"mnuRedo"_qs)->isEnabled(), Main().Menu(u"mnuPopRedo"_qs)->isEnabled());
+            return std::tuple(
+                Main().Menu(u"mnuUndo"_qs)->isEnabled(), Main().Menu(u"mnuPopUndo"_qs)->isEnabled(),
+                Main().Menu(u"mnuRedo"_qs)->isEnabled(), Main().Menu(u"mnuPopRedo"_qs)->isEnabled());
         };
         Main().SetTab(Tab::EditForm);
         QCOMPARE(menus(), std::tuple(true, true, false, false));

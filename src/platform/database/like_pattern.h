@@ -3,8 +3,7 @@
 //   *        any run of characters, the empty one included
 //   ?        one character
 //   #        one digit, 0 to 9
-//   [list]   one character of the list; a-z in it is a range, '-' first or last is itself; [] is nothing at
-//   all
+//   [list]   one character of the list; a-z in it is a range, '-' first or last is itself; [] is nothing
 //   [!list]  one character that is not of the list; [!] is the exclamation mark
 //
 // The whole text is matched, without case (see FoldCharacter). A character is a code point.

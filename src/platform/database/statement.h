@@ -9,8 +9,7 @@
 //   operand:    a field, a quoted text, a number
 //
 // A text stands in '...' or "..."; the same quote doubled within it is that quote. Names are letters, digits
-// and
-// '_', or anything in [...]. Keywords, tables and fields have no case. Everything else is refused.
+// and '_', or anything in [...]. Keywords, tables and fields have no case. Everything else is refused.
 #pragma once
 
 #include <QString>

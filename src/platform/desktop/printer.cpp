@@ -1,6 +1,7 @@
 #include "platform/desktop/printer.h"
 
 #include "platform/desktop/printer_setup_dialog.h"
+#include "platform/twips.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -13,8 +14,6 @@
 namespace platform {
 
 namespace {
-
-constexpr double kTwipsPerInch = 1440;
 
 // Exactly as the paper is defined: in the other units Qt rounds the lengths of a page.
 QSize PaperInTwips(const QPageLayout& layout) {
@@ -67,8 +66,8 @@ PrinterPage Printer::Page() const {
     const QPoint dots(m_device->logicalDpiX(), m_device->logicalDpiY());
     const QRect reached = layout.paintRectPixels(dots.x());
     return {PaperInTwips(layout),
-            {qRound(reached.width() * kTwipsPerInch / dots.x()),
-             qRound(reached.height() * kTwipsPerInch / dots.x())},
+            {qRound(double(reached.width()) * kTwipsPerInch / dots.x()),
+             qRound(double(reached.height()) * kTwipsPerInch / dots.x())},
             reached.topLeft(),
             dots};
 }

@@ -4,32 +4,27 @@
 //
 // Conventions between reader, writer and pane:
 // - Text: U+2028 is a line break inside a paragraph, U+0009 a tab, U+FFFC one picture or kept object. A page
-// break
-//   is Qt's PageBreak_AlwaysBefore of the paragraph that follows it.
+//   break is Qt's PageBreak_AlwaysBefore of the paragraph that follows it.
 // - Lists: no QTextList. A paragraph of a list has a BulletText and usually a hanging indent (negative
-// textIndent);
-//   the marker is no part of the text and is drawn at the first line's start.
+//   textIndent); the marker is no part of the text and is drawn at the first line's start.
 // - Tab stops: Qt counts them from the start of the first line, so tabPositions() holds the file's position
-// less
-//   leftMargin and textIndent. A hanging paragraph has one more left stop at -textIndent, which files imply.
+//   less leftMargin and textIndent. A hanging paragraph has one more left stop at -textIndent, which files
+//   imply.
 // - Hidden text stays in the text with a size of one pixel; HiddenSize keeps the size it has when shown.
 // - Tables: the columns are the union of all rows' cell edges (CellRightEdges of the table format, in twips
-// from the
-//   page's left margin, TableLeft being the left edge); a cell that covers several has a columnSpan,
+//   from the page's left margin, TableLeft being the left edge); a cell that covers several has a columnSpan,
 //   vertically merged cells a rowSpan. A cell with CellFiller stands where a row is shorter than the others:
 //   the file has no cell there. Each cell's format carries CellBorders (and Qt's own cell borders, background
 //   and vertical alignment drawn from it); RowControls stands in the format of the first cell of each row.
 // - Qt needs a paragraph before, between and after tables. Where the file has none, the empty block has
-// Filler.
+//   Filler.
 // - Pictures: a QTextImageFormat whose name() is the key of PictureDataName() and PictureFormatName();
-// width() and
-//   height() are what is drawn, PictureWidth and PictureHeight the same in twips.
+//   width() and height() are what is drawn, PictureWidth and PictureHeight the same in twips.
 // - Kept groups (EmbeddedObject, HeadersAndFooters, StyleSheet, ...) are 7-bit source. Their font, colour,
-// list and
-//   style numbers are those of the kept FontTable, ColorTable, ListTables and StyleSheet, and \'hh in them is
-//   of the FileCodePage unless the font says otherwise: who writes them must write those tables' entries
-//   under the same numbers. A picture with an EmbeddedObject is the drawn result of an object: the object is
-//   written, not the picture.
+//   list and style numbers are those of the kept FontTable, ColorTable, ListTables and StyleSheet, and \'hh
+//   in them is of the FileCodePage unless the font says otherwise: who writes them must write those tables'
+//   entries under the same numbers. A picture with an EmbeddedObject is the drawn result of an object: the
+//   object is written, not the picture.
 #pragma once
 
 #include <QTextDocument>

@@ -11,12 +11,12 @@
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_markers.h"
 #include "platform/rich_text/rich_text_piece.h"
+#include "platform/twips.h"
 
 namespace platform {
 namespace {
 
 constexpr double kScreenDpi = 96;
-constexpr double kTwipsPerInch = 1440;
 constexpr double kTouch = 0.25; // device pixels
 
 // What is left of a rectangle without some lines. Lines that touch are rounded alike.
@@ -204,10 +204,11 @@ int RichTextFormatter::FormatRange(QPainter& painter, const QRect& rectangle, in
     if (!painter.isActive() || rectangle.width() <= 0 || rectangle.height() <= 0 || first >= Length())
         return Length();
     QPaintDevice& device = *painter.device();
-    const double x = rectangle.x() * device.logicalDpiX() / kTwipsPerInch;
-    const double y = rectangle.y() * device.logicalDpiY() / kTwipsPerInch;
-    const double width = rectangle.width() * device.logicalDpiX() / kTwipsPerInch;
-    const double height = rectangle.height() * device.logicalDpiY() / kTwipsPerInch;
+    const auto toDots = [](int twips, int dpi) { return double(twips) * dpi / kTwipsPerInch; };
+    const double x = toDots(rectangle.x(), device.logicalDpiX());
+    const double y = toDots(rectangle.y(), device.logicalDpiY());
+    const double width = toDots(rectangle.width(), device.logicalDpiX());
+    const double height = toDots(rectangle.height(), device.logicalDpiY());
     LayOut(device, width, height);
     m_document->documentLayout()->setPaintDevice(painter.device()); // the last one may be gone
     const auto before = m_pieces.find(first);
