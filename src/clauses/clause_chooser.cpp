@@ -11,6 +11,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace quillbrook {
 

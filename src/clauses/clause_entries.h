@@ -9,18 +9,17 @@ namespace quillbrook {
 // The routine that puts a clause into a pane; each has its own table in the library.
 enum class ClauseRoutine { InsertJurat, InsertCaption, InsertVerification };
 
-// A routine's table, the field of the table's keys, and the shared variable that carries the chosen key.
+// A routine's table and the field of the table's keys.
 struct ClauseTable {
     ClauseRoutine routine;
     const char* table;
     const char* keyField;
-    const char* variable;
 };
 
 constexpr std::array<ClauseTable, 3> kClauseTables = {{
-    {ClauseRoutine::InsertJurat, "Jurat", "JuratNo", "JuratNumber"},
-    {ClauseRoutine::InsertCaption, "Caption", "CaptionNo", "CaptionNumber"},
-    {ClauseRoutine::InsertVerification, "Verification", "VerificationNo", "VerificationNumber"},
+    {ClauseRoutine::InsertJurat, "Jurat", "JuratNo"},
+    {ClauseRoutine::InsertCaption, "Caption", "CaptionNo"},
+    {ClauseRoutine::InsertVerification, "Verification", "VerificationNo"},
 }};
 
 constexpr const ClauseTable& TableOf(ClauseRoutine routine) {

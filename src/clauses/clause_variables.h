@@ -3,19 +3,16 @@
 #include "app/public_variables.h"
 #include "clauses/clause_entries.h"
 
+#include <array>
+#include <cstddef>
+
 namespace quillbrook {
 
 // The shared variable that carries the key of the clause chosen for a routine.
 inline QString& ChosenNumber(PublicVariables& variables, ClauseRoutine routine) {
-    switch (routine) {
-    case ClauseRoutine::InsertJurat:
-        break;
-    case ClauseRoutine::InsertCaption:
-        return variables.CaptionNumber;
-    case ClauseRoutine::InsertVerification:
-        return variables.VerificationNumber;
-    }
-    return variables.JuratNumber;
+    constexpr std::array kNumbers = {&PublicVariables::JuratNumber, &PublicVariables::CaptionNumber,
+                                     &PublicVariables::VerificationNumber};
+    return variables.*kNumbers[static_cast<std::size_t>(routine)];
 }
 
 // Chooses a clause for its routine: its key and its marker. A caption has none, and leaves what is looked

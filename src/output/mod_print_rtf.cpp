@@ -2,6 +2,7 @@
 
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
+#include "platform/twips.h"
 
 #include <QPainter>
 
@@ -9,10 +10,8 @@ namespace quillbrook {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
-
 int ToTwips(int pixels, int dotsPerInch) {
-    return dotsPerInch > 0 ? qRound(double(pixels) * kTwipsPerInch / dotsPerInch) : 0;
+    return dotsPerInch > 0 ? qRound(double(pixels) * platform::kTwipsPerInch / dotsPerInch) : 0;
 }
 
 // Renders one page, and gives where the text goes on. A printer that fails takes all the rest.

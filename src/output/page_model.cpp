@@ -41,11 +41,6 @@ bool PageModel::IsEnabled(PageBox box) const {
     return m_option == Paper::Custom || (box != PageBox::Width && box != PageBox::Height);
 }
 
-void PageModel::Type(PageBox box, const QString& text) {
-    if (IsEnabled(box))
-        SetText(box, text);
-}
-
 void PageModel::SetText(PageBox box, const QString& text) {
     m_texts[IndexOf(box)] = text;
 }

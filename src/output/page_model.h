@@ -55,8 +55,6 @@ public:
     // Whether the box and its arrows take input: width and height only with a custom size.
     bool IsEnabled(PageBox box) const;
 
-    // What the user types. Nothing happens to a disabled box.
-    void Type(PageBox box, const QString& text);
     // What a box shows, whether it takes input or not.
     void SetText(PageBox box, const QString& text);
     // A tenth of an inch more or less, without limits. Nothing happens beside a disabled box.

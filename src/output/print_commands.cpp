@@ -2,12 +2,13 @@
 
 #include "app/workbench.h"
 #include "output/mod_print_rtf.h"
+#include "output/mouse_pointer.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
 
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 
 namespace quillbrook {
 
@@ -19,14 +20,6 @@ namespace {
 
 // Wider at the left, for binding; whatever the page setup says.
 constexpr PrintMargins kDirectMargins = {1620, 1440, 1440, 1440};
-
-// Shows that the program is busy for as long as it lives.
-class BusyCursor {
-public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(BusyCursor)
-};
 
 } // namespace
 
@@ -78,7 +71,8 @@ void PrintCommands::PrintPaneDirect() {
                                    QStringLiteral("Print")) != MessageAnswer::Yes)
         return;
     {
-        const BusyCursor busy;
+        MousePointer pointer;
+        pointer.Hourglass();
         PrintRTF(*pane, m_services.printer, kDirectMargins);
     }
     QCoreApplication::processEvents();

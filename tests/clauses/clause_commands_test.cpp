@@ -374,6 +374,18 @@ private Q_SLOTS:
         QVERIFY(window.services.messageBox.shown.empty());
     }
 
+    void ARoutineDoesNotLookWhetherAClauseIsChosen() {
+        ClauseWindow& window = *m_window;
+        window->Variables().CurrentSearchWord = u"(JURAT)"_qs;
+        window->txtContent()->setText(u"a (JURAT) b (JURAT) c"_qs);
+        window->clauseCommands->InsertJurat();
+        QCOMPARE(window.Content(), u"a  b (JURAT) c"_qs);
+        window->clauseCommands->InsertVerification();
+        QCOMPARE(window.Content(), u"a  b  c"_qs);
+        window->clauseCommands->InsertCaption();
+        QCOMPARE(window.Content(), u"a  b  c"_qs);
+    }
+
     // ---- the buttons
 
     void TheButtonsSayWhatTheyAdd() {

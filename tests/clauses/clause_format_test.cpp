@@ -78,6 +78,23 @@ private Q_SLOTS:
             QCOMPARE(pane->SelIndent(), std::optional(0));
         }
     }
+
+    void AMarkerOfSeveralFormatsIsReplacedWhole() {
+        TestWindow window;
+        QVERIFY(AddTestClauses(*window->Variables().FormsDb));
+        RichTextBox* pane = window->txtContent();
+        pane->setText(u"a (JURAT) b"_qs);
+        Select(pane, 2, 3);
+        pane->setSelBold(true);
+        Select(pane, 5, 2);
+        pane->setSelFontSize(17);
+        window->Menu(u"mnuJuratIndividual"_qs)->trigger();
+        const QString clause = TestClause(ClauseRoutine::InsertJurat, "1");
+        QCOMPARE(pane->Text(), u"a %1 b"_qs.arg(clause));
+        Select(pane, 2, clause.size());
+        QCOMPARE(pane->SelBold(), std::optional(true)); // as the marker begins
+        QVERIFY(pane->SelFontSize() && pane->SelFontSize() != std::optional(17.0));
+    }
 };
 
 QTEST_MAIN(ClauseFormatTest)

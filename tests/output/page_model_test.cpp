@@ -18,8 +18,8 @@ QString Size(const PageModel& model) {
 PageModel WithCustomSize(const QString& width, const QString& height) {
     PageModel model;
     model.ChooseInMenu(Paper::Custom);
-    model.Type(PageBox::Width, width);
-    model.Type(PageBox::Height, height);
+    model.SetText(PageBox::Width, width);
+    model.SetText(PageBox::Height, height);
     model.Confirm();
     return model;
 }
@@ -56,8 +56,11 @@ private Q_SLOTS:
             const QString name = QString(QLatin1String(row.option)).mid(3);
             QCOMPARE(QString(QLatin1String(row.menu)), u"mnu%1Size"_qs.arg(name));
             QCOMPARE(QString(QLatin1String(row.label)), u"Hyper%1"_qs.arg(name));
-            if (row.paper == Paper::Custom)
+            if (row.paper == Paper::Custom) {
+                QCOMPARE(QString(QLatin1String(row.optionCaption)), u"Custom Size:"_qs);
+                QCOMPARE(QString(QLatin1String(row.menuCaption)), u"Custom Size..."_qs);
                 continue;
+            }
             const QString width = QLatin1String(row.width), height = QLatin1String(row.height);
             QCOMPARE(QString(QLatin1String(row.optionCaption)), u"%1 (%2 x %3)"_qs.arg(name, width, height));
             QCOMPARE(QString(QLatin1String(row.menuCaption)),
@@ -120,14 +123,14 @@ private Q_SLOTS:
             const bool isSize = box == PageBox::Width || box == PageBox::Height;
             QCOMPARE(model.IsEnabled(box), enabled || !isSize);
         }
-        model.Type(PageBox::Width, u"9"_qs);
+        model.Click(PageBox::Width, Arrow::Down);
         model.Click(PageBox::Height, Arrow::Up);
         QCOMPARE(Size(model) == before, !enabled);
     }
 
     void MarginsCanAlwaysBeEdited() {
         PageModel model;
-        model.Type(PageBox::Left, u"1.5"_qs);
+        model.SetText(PageBox::Left, u"1.5"_qs);
         model.ChooseInMenu(Paper::A4);
         QCOMPARE(model.Inches(PageBox::Left), 1.5);
         model.Click(PageBox::Left, Arrow::Up);
@@ -179,10 +182,10 @@ private Q_SLOTS:
         PageModel model;
         model.ChooseInMenu(Paper::Custom);
         for (const PageBox box : kAllBoxes) {
-            model.Type(box, text);
+            model.SetText(box, text);
             model.Click(box, Arrow::Up);
             QTEST(model.Text(box), "up");
-            model.Type(box, text);
+            model.SetText(box, text);
             model.Click(box, Arrow::Down);
             QTEST(model.Text(box), "down");
         }
@@ -201,7 +204,7 @@ private Q_SLOTS:
 
     void AnEmptyMarginIsZero() {
         PageModel model;
-        model.Type(PageBox::Bottom, QString());
+        model.SetText(PageBox::Bottom, QString());
         QCOMPARE(model.Inches(PageBox::Bottom), 0.0);
         QCOMPARE(model.Text(PageBox::Bottom), QString());
     }
@@ -269,7 +272,7 @@ private Q_SLOTS:
 
     void ConfirmLeavesTheMargins() {
         PageModel model;
-        model.Type(PageBox::Left, u"wide"_qs);
+        model.SetText(PageBox::Left, u"wide"_qs);
         model.ChooseInMenu(Paper::Custom);
         model.Confirm();
         QCOMPARE(model.Text(PageBox::Left), u"wide"_qs);
@@ -291,14 +294,14 @@ private Q_SLOTS:
         // the entry comes back with the texts of the paper, not with those of its caption
         model.ChooseInMenu(Paper::Custom);
         QCOMPARE(Size(model), u"8.5|13"_qs);
-        model.Type(PageBox::Width, u"10"_qs);
+        model.SetText(PageBox::Width, u"10"_qs);
         model.Confirm();
         QCOMPARE(model.CustomCaption(), u"Custom (10 x 13)..."_qs);
     }
 
     void ANewDialogLeavesTheMenuAsItIs() {
         PageModel model = WithCustomSize(u"9"_qs, u"14"_qs);
-        model.Type(PageBox::Top, u"2"_qs);
+        model.SetText(PageBox::Top, u"2"_qs);
         model.Load();
         QCOMPARE(Size(model), u"8.5|13.0"_qs);
         QCOMPARE(model.Text(PageBox::Top), u"1.0"_qs);

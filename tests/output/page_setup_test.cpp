@@ -169,6 +169,34 @@ private Q_SLOTS:
                                       u"Bottom:"_qs}));
     }
 
+    void EachFrameHoldsItsControls_data() {
+        QTest::addColumn<QString>("controls");
+        QTest::newRow("Paper Size (in inches)") << u"optLong optShort optA4 optCustom HyperLong HyperShort "
+                                                   u"HyperA4 HyperCustom Width: txtWidth vsWUp "
+                                                   "vsWDown Height: txtHeight vsHUp vsHDown"_qs;
+        QTest::newRow("Margins (in inches)")
+            << u"Left: txtLeft vsLUp vsLDown Right: txtRight vsRUp vsRDown Top: txtTop vsTUp vsTDown Bottom: "
+               "txtBottom vsBUp vsBDown"_qs;
+    }
+    void EachFrameHoldsItsControls() {
+        QFETCH(QString, controls);
+        Desk desk;
+        QStringList found;
+        for (const auto* frame : desk.Dialog()->findChildren<platform::Frame*>()) {
+            if (frame->Caption() != QLatin1String(QTest::currentDataTag()))
+                continue;
+            for (const QWidget* control : frame->findChildren<QWidget*>()) {
+                const auto* label = qobject_cast<const QLabel*>(control);
+                found += label ? label->text() : control->objectName();
+            }
+        }
+        found.removeAll(QString()); // what only holds others
+        QStringList wanted = controls.split(u' ');
+        wanted.sort();
+        found.sort();
+        QCOMPARE(found, wanted);
+    }
+
     void OneButtonClosesIt() {
         Desk desk;
         QCOMPARE(desk.Dialog()->findChildren<QPushButton*>().size(), 1);

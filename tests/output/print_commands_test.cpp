@@ -8,6 +8,7 @@
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "tests/support/pdf_pages.h"
+#include "tests/support/printed_text.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -126,6 +127,31 @@ private Q_SLOTS:
         const QRectF place = paper.Page(0).words[0].place;
         QVERIFY2(std::abs(place.left() - 81) < 1, qPrintable(QString::number(place.left())));
         QVERIFY(place.top() > 71 && place.top() < 78);
+    }
+
+    void TheMarginsAreAnInchAndMoreAtTheLeftForBothPanes_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("form") << int(Tab::EditForm);
+        QTest::newRow("my form") << int(Tab::MyForms);
+    }
+    void TheMarginsAreAnInchAndMoreAtTheLeftForBothPanes() {
+        QFETCH(int, tab);
+        Office office;
+        office.window->SetTab(Tab(tab));
+        office.window->ActivePane()->setTextRTF(PrintedText().Paragraph(2000, u"\\qj"_qs).Source());
+        office.window->printCommands->Print();
+        const PdfPages paper = office.Paper();
+        QVERIFY(paper.Count() > 2);
+        QRectF used;
+        for (const PdfPage& page : paper.Pages())
+            for (const PdfWord& word : page.words)
+                used |= word.place;
+        const QString told =
+            u"%1 %2 %3 %4"_qs.arg(used.left()).arg(used.top()).arg(used.right()).arg(used.bottom());
+        QVERIFY2(std::abs(used.left() - 81) < 1, qPrintable(told));
+        QVERIFY2(used.top() > 71 && used.top() < 78, qPrintable(told));
+        QVERIFY2(std::abs(used.right() - (612 - 72)) < 1.5, qPrintable(told));
+        QVERIFY2(used.bottom() < 792 - 72 + 1 && used.bottom() > 792 - 72 - 20, qPrintable(told));
     }
 
     void APaneWithOneBlankIsPrinted_data() {
