@@ -22,10 +22,9 @@ inline constexpr char kTown[] = "Sta. Emilia City 1999";
 // The about box.
 inline constexpr char kBiography[] =
     "Atty. Merrow has tried cases since 1998, before the Municipal Trial Courts first and up to the Supreme "
-    "Court "
-    "since. Every pleading, contract and affidavit that left the office was kept, stripped of its names and "
-    "put "
-    "in order, until the drawer of forms was worth more than the desk it stood in.\n\n"
+    "Court since. Every pleading, contract and affidavit that left the office was kept, stripped of its "
+    "names "
+    "and put in order, until the drawer of forms was worth more than the desk it stood in.\n\n"
     "Quillbrook is that drawer: found by category or by any word in it, ready to be completed with its "
     "jurat, caption and verification, and ready to print.\n\n"
     "It is meant for the lawyer at work: small enough to stay open all day, and quiet enough to be forgotten "

@@ -23,6 +23,7 @@ SplashChain::Step SplashChain::Fire(int timer) {
     }
     if (timer == kSplashHandOverTimer) {
         m_running.reset();
+        m_isLoading = false; // should the load still run, nothing begins again behind it
         return {Act::HandOver};
     }
     m_running.set(static_cast<std::size_t>(timer) + 1);

@@ -295,6 +295,12 @@ void frmMain::SetTab(Tab tab) {
     SSTab->setTab(int(tab));
 }
 
+// "[*]" has a meaning of its own in a window's title; doubled it stands for itself.
+void frmMain::SetCaption(const QString& caption) {
+    const QString mark = QStringLiteral("[*]");
+    setWindowTitle(QString(caption).replace(mark, mark + mark));
+}
+
 void frmMain::UncheckHelpContents() {
     Menu(QStringLiteral("mnuHelpContents"))->setChecked(false);
 }

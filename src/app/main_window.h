@@ -59,7 +59,7 @@ public:
     platform::RichTextBox* rtfContent() override { return m_rtfContent; }
     Tab CurrentTab() const override;
     void SetTab(Tab tab) override;
-    void SetCaption(const QString& caption) override { setWindowTitle(caption); }
+    void SetCaption(const QString& caption) override;
     void UncheckHelpContents() override;
     void FitContentPane() override;
     QAction* Menu(const QString& name) override;

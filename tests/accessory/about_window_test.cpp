@@ -3,6 +3,7 @@
 #include "accessory/splash_picture.h"
 #include "appearance/look.h"
 #include "platform/controls/hyper_label.h"
+#include "platform/tick.h"
 
 #include <QDesktopServices>
 #include <QtTest>
@@ -93,6 +94,8 @@ private Q_SLOTS:
 
     void TheSheetClimbsAPixelATick() {
         frmAbout about;
+        QCOMPARE(about.tmrCredits->interval(), platform::TickOf(1));
+        QVERIFY(about.tmrCredits->interval() <= 16); // a frame of the screen
         about.show();
         QTRY_VERIFY(about.picCredits2->y() < 0);
         about.tmrCredits->stop();

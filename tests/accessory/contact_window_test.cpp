@@ -1,6 +1,7 @@
 #include "accessory/author.h"
 #include "accessory/contact_window.h"
 #include "accessory/title_pulse.h"
+#include "appearance/look.h"
 #include "platform/controls/hyper_label.h"
 #include "platform/controls/my_button.h"
 
@@ -24,6 +25,8 @@ public Q_SLOTS:
     void Keep(const QUrl& url) { m_opened.append(url); }
 
 private Q_SLOTS:
+    void initTestCase() { ApplyLook(*qApp); }
+
     void TheCardHasItsCaptionAndLabels_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("text"); // empty: data, any will do
@@ -122,6 +125,19 @@ private Q_SLOTS:
         QCOMPARE(reds[51], 255);
         Tick(card);
         QCOMPARE(TitleColor(card).red(), 246);
+    }
+
+    void TheTitleIsDrawnInItsColor() {
+        TitlePulse pulse;
+        const frmContact card(pulse);
+        card.Timer1->stop();
+        Tick(card);
+        const QImage shown = card.lblTitle->grab().toImage();
+        int drawn = 0;
+        for (int x = 0; x < shown.width(); ++x)
+            for (int y = 0; y < shown.height(); ++y)
+                drawn += shown.pixelColor(x, y) == QColor(246, 3, 12) ? 1 : 0;
+        QVERIFY2(drawn > 20, qPrintable(QString::number(drawn)));
     }
 
     void ASecondCardGoesOnWhereTheFirstStopped() {

@@ -106,6 +106,17 @@ private Q_SLOTS:
         QCOMPARE(handOvers, 1);
         QVERIFY(chain.Running().none());
     }
+
+    // A load that lets events through for longer than the row takes.
+    void AHandOverDuringTheLoadIsTheLast() {
+        SplashChain chain;
+        chain.Fire(1);
+        for (int timer = 4; timer <= 12; ++timer)
+            QCOMPARE(chain.Fire(timer).act, Act::ShowCaption);
+        QCOMPARE(chain.Fire(13).act, Act::HandOver);
+        chain.MainWindowLoaded();
+        QVERIFY(chain.Running().none());
+    }
 };
 
 QTEST_GUILESS_MAIN(SplashChainTest)

@@ -190,6 +190,8 @@ private Q_SLOTS:
         row("mnuHelpContents", "Help Contents...");
         row("mnuContact", "Contact Atty. Merrow...");
         row("mnuAbout", "About Atty. Merrow...");
+        row("mnuChangeColor", "Color Theme...");
+        row("mnuPopAbout", "About...");
         row("mnuSaveAsDocFile", "Save as .Doc File");
         row("mnuSaveAsRTFFile", "Save as .RTF File");
         row("mnuAddToMyForms", "Add to My Forms");

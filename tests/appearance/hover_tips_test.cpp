@@ -1,4 +1,5 @@
 // The title bar as a reading line: the mouse over the lists of the real window.
+#include "appearance/look.h"
 #include "library/category_browser.h"
 #include "library/favorites_page.h"
 #include "library/history_page.h"
@@ -26,6 +27,8 @@ class HoverTipsTest : public QObject {
     }
 
 private Q_SLOTS:
+    void initTestCase() { ApplyLook(*qApp); } // its rules let buttons follow the mouse
+
     void AnItemStandsInTheTitleBarWhole() {
         std::vector<TestForm> forms = SomeForms();
         const QString longTitle = u"Affidavit of "_qs + QString(200, u'x');
@@ -101,6 +104,32 @@ private Q_SLOTS:
         MoveTo(window->findChild<QWidget*>(u"picLeftToolbar"_qs), {5, 5});
         MoveTo(window->findChild<QWidget*>(u"btnSave"_qs), {5, 5});
         QCOMPARE(window->windowTitle(), u"Acknowledgment Alone"_qs);
+    }
+
+    void OnAControlOfThePageItStaysToo_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"btnMyForms", "cmdAddtoFavs", "cmdSearchAgain", "httpAttyMerrow",
+                                 "lblQuillbrook", "fmeTitle", "btnSales"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void OnAControlOfThePageItStaysToo() {
+        QFETCH(QString, name);
+        TestWindow window;
+        QVERIFY(window.Show());
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        MoveTo(window->findChild<QWidget*>(name), {5, 5});
+        QCOMPARE(window->windowTitle(), u"Acknowledgment Alone"_qs);
+    }
+
+    // What has a meaning of its own for Qt is shown as it stands, too.
+    void ATitleOfAnyCharactersIsShown() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        platform::ListBox* list = window->categoryBrowser->lstTitle;
+        list->SetItems({u"Deed [*] of Sale & Lease [*][*]"_qs});
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        QCOMPARE(window->windowHandle()->title(), u"Deed [*] of Sale & Lease [*][*]"_qs);
     }
 
     void AChangeOfTabBringsItBack() {

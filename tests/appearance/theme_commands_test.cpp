@@ -185,6 +185,22 @@ private Q_SLOTS:
         }
     }
 
+    void OtherWindowsAreNotThemed_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name : {"frmPageSetup", "frmJurat", "frmVerification", "frmSave"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void OtherWindowsAreNotThemed() {
+        QFETCH(QString, name);
+        TestWindow window;
+        window->themeCommands->ApplyTheme(ThemeOf(1));
+        QWidget* other = window->Windows().Load(name);
+        QVERIFY(other);
+        const QImage before = other->grab().toImage();
+        window->themeCommands->ApplyTheme(ThemeOf(14));
+        QVERIFY(other->grab().toImage() == before);
+    }
+
     void HeadingsHaveAGroundOfTheirOwnOnABlackPage_data() {
         QTest::addColumn<QString>("name");
         for (const char* name : {"lblQuillbrook", "lblSearch", "lblFavorites", "lblHistory"})
@@ -243,6 +259,16 @@ private Q_SLOTS:
         window->Store().CloseLibrary();
         window->Menu(u"mnuWindowsDefaultTheme"_qs)->trigger();
         QVERIFY(IsTicked(window));
+        Wears(window, ThemeOf(1));
+        QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    void TheThemeOfTheLoadIsShownThoughItCannotBeStored() {
+        TestWindow window;
+        window->Store().CloseLibrary();
+        window->State().ThemeNumber = 45;
+        window->themeCommands->LoadTheme();
+        QCOMPARE(window->State().ThemeNumber, 1);
         Wears(window, ThemeOf(1));
         QVERIFY(window.services.messageBox.shown.empty());
     }

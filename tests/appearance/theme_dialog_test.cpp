@@ -183,6 +183,16 @@ private Q_SLOTS:
         QCOMPARE(window->State().ThemeNumber, 7);
     }
 
+    void ApplyShowsTheThemeThoughNoStepDid() {
+        TestWindow window; // wears 7
+        const auto dialog = Open(window, 1);
+        dialog->btnOk->click();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(Stored(window), 1);
+        Wears(window, 1);
+        QVERIFY(IsTicked(window));
+    }
+
     void CancelAfterThreeStepsLeavesEverythingAsItWas_data() {
         QTest::addColumn<bool>("byEscape");
         QTest::newRow("button") << false;

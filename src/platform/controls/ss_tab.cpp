@@ -1,6 +1,6 @@
 #include "platform/controls/ss_tab.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QStackedWidget>
 #include <QTabBar>
 
@@ -52,9 +52,14 @@ void SSTab::setTab(int tab) {
     m_strip->setCurrentIndex(tab);
 }
 
+// A control on the page that has no use for a move lets it through to the page: the page's own ground was not
+// moved over then.
 bool SSTab::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove)
-        Q_EMIT MouseMove();
+    if (event->type() == QEvent::MouseMove) {
+        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        if (!static_cast<QWidget*>(watched)->childAt(place))
+            Q_EMIT MouseMove();
+    }
     return QWidget::eventFilter(watched, event);
 }
 
