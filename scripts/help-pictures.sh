@@ -24,6 +24,7 @@ new-form|new-form|0x320+0+0
 save|save|
 page-setup|page-setup|
 theme|theme-dialog|
+contact|contact|
 LIST
 }
 

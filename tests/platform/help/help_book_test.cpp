@@ -148,6 +148,15 @@ private Q_SLOTS:
         QTest::newRow("the beginning of a word") << u"favor"_qs << u"pages/favorites.html"_qs;
         QTest::newRow("backup") << u"back up library"_qs << u"pages/backup.html"_qs;
         QTest::newRow("theme") << u"color theme"_qs << u"pages/themes.html"_qs;
+        QTest::newRow("finding") << u"find form clicks"_qs << u"pages/find-form.html"_qs;
+        QTest::newRow("filling in") << u"fill form"_qs << u"pages/fill-in.html"_qs;
+        QTest::newRow("Long paper") << u"long paper"_qs << u"pages/paper.html"_qs;
+        QTest::newRow("printing") << u"print form"_qs << u"pages/print.html"_qs;
+        QTest::newRow("own forms") << u"keep forms own"_qs << u"pages/own-forms.html"_qs;
+        QTest::newRow("a new category") << u"new category"_qs << u"pages/new-category.html"_qs;
+        QTest::newRow("undo across forms") << u"undo across forms"_qs << u"pages/undo.html"_qs;
+        QTest::newRow("the library file") << u"library file holds"_qs << u"pages/library-file.html"_qs;
+        QTest::newRow("the author") << u"contact author"_qs << u"pages/contact.html"_qs;
     }
     void APageOfEverySubjectIsFoundByItsWords() {
         QFETCH(QString, query);
