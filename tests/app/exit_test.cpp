@@ -58,6 +58,7 @@ private Q_SLOTS:
         QVERIFY(!window->close());
         QVERIFY(window->isVisible());
         QVERIFY(!window->State().DocumentSaved);
+        QVERIFY(window->Windows().IsLoaded(u"frmPageSetup"_qs));
         // the library is still open
         window->categoryBrowser->CategoryButton(u"btnAffidavits"_qs)->click();
         QCOMPARE(window->categoryBrowser->lstTitle->ListCount(), 2);
@@ -89,6 +90,19 @@ private Q_SLOTS:
         next.CloseLibrary();
     }
 
+    void LeavingWritesNothingIntoTheLibrary() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        QFile library(window.library()->Path());
+        QVERIFY(library.open(QIODevice::ReadOnly));
+        const QByteArray before = library.readAll();
+        QVERIFY(window->close());
+        QVERIFY(library.seek(0));
+        QVERIFY(library.readAll() == before);
+        QCOMPARE(QDir(window.library()->Folder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList(u"Data"_qs));
+    }
+
     void TheWindowsThatTheExitTakesAwayAreThere() {
         TestWindow window;
         for (const char* name :
@@ -105,6 +119,17 @@ private Q_SLOTS:
         QVERIFY(window->txtContent()->Text() != before);
         QVERIFY(window->close());
         QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    void TheLibraryIsClosedBeforeTheWindowsGo() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        std::optional<bool> isOpen;
+        window->Windows().Offer(u"frmPageSetup"_qs, [] { return std::make_unique<QWidget>(); });
+        connect(window->Windows().Load(u"frmPageSetup"_qs), &QObject::destroyed, this,
+                [&] { isOpen = window->Store().OpenFormsTable().has_value(); });
+        QVERIFY(window->close());
+        QCOMPARE(isOpen, std::optional(false));
     }
 
     void LoadedWindowsGo() {

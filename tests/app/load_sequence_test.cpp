@@ -9,6 +9,7 @@
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/controls/ss_tab.h"
+#include "platform/controls/status_bar.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "search/search_page.h"
 #include "tests/support/test_window.h"
@@ -109,6 +110,16 @@ private Q_SLOTS:
         QVERIFY(!IsOffered(window->txtMyContent()));
         QVERIFY(!IsOffered(window->editToolBar->fmeEditToolBar));
         QVERIFY(!IsOffered(window->rtfContent()));
+    }
+
+    // By the rules of a resize, before the window is seen.
+    void ThePanesReachDownToTheStatusBar() {
+        TestWindow window;
+        const int foot = window->ScaleHeight() - Height(window->StatusBar1) - 150;
+        for (const QWidget* pane :
+             {static_cast<QWidget*>(window->txtContent()), static_cast<QWidget*>(window->txtMyContent())})
+            QVERIFY2(std::abs(Top(pane) + Height(pane) - foot) <= 7, qPrintable(pane->objectName()));
+        QCOMPARE(window->txtMyContent()->width(), window->txtContent()->width());
     }
 
     void NothingIsUnsavedAndNoNewFormIsBegun() {
@@ -231,6 +242,8 @@ private Q_SLOTS:
         QVERIFY(!window.Load());
         QVERIFY(services.instance.ended);
         QCOMPARE(services.instance.broughtForward, QStringList(u"Quillbrook PRO"_qs));
+        // under its own title the search would find this process
+        QCOMPARE(services.instance.titleWhileSearching, u"abcba - This App Will Be Closed"_qs);
         QVERIFY(!window.Variables().FormsDb);
         QCOMPARE(window.editToolBar->cboFonts->ListCount(), 0);
     }

@@ -94,6 +94,21 @@ private Q_SLOTS:
         Resize(200, 150);
         QCOMPARE(Main().size(), QSize(200, 150));
     }
+
+    // No control can have a negative size: it keeps the one it has.
+    void AWindowThatEndsAboveAControlLeavesItsSize() {
+        Resize(756, 551);
+        const QSize pane = Main().txtContent()->size();
+        const int tabs = Main().SSTab->height();
+        const int toolbar = Main().leftToolbar->picLeftToolbar->height();
+        Resize(50, 40);
+        QCOMPARE(Main().txtContent()->size(), pane);
+        QCOMPARE(Main().SSTab->height(), tabs);
+        QCOMPARE(Main().leftToolbar->picLeftToolbar->height(), toolbar);
+        Main().SetTab(Tab::EditForm);
+        QCOMPARE(Main().txtContent()->size(), pane);
+        QCOMPARE(Top(Main().txtContent()), 1545); // 1,540 is no whole number of pixels
+    }
 };
 
 QTEST_MAIN(ResizeTest)

@@ -51,6 +51,44 @@ private Q_SLOTS:
         }
     }
 
+    void EachPageHoldsItsControls_data() {
+        QTest::addColumn<QString>("controls");
+        QTest::newRow("0")
+            << u"lblQuillbrook httpFacebook httpAttyMerrow btnMyForms cmdAddtoFavs cmdSearchAgain "
+               u"fmeSubject fmeSubCategory fmeTitle"_qs;
+        QTest::newRow("1") << u"fmeSearchResult fmeSearchMode fmeSearch btnNextHit btnPreviousHit "
+                              u"lblDisplayHits lblSearchGuide1 lblSearchGuide lblSearch"_qs;
+        QTest::newRow("2") << QString();
+        QTest::newRow("3") << u"lstFavorites cmdRemove lblFavorites"_qs;
+        QTest::newRow("4") << u"lstHistory cmdClearHist cmdAddtoFavs2 lblHistory"_qs;
+        QTest::newRow("5")
+            << u"fmeMyTitle fmeImport Frame5 Frame6 frmSubCategory btnUpdate btnAddNew btnEdit "
+               u"btnNew btnDelete btnCancelNew"_qs;
+    }
+    void EachPageHoldsItsControls() {
+        QFETCH(QString, controls);
+        const QWidget* page = Main().SSTab->Page(QString::fromLatin1(QTest::currentDataTag()).toInt());
+        QSet<QString> held;
+        for (const QWidget* control : page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            held.insert(control->objectName());
+        const QStringList expected = controls.split(u' ', Qt::SkipEmptyParts);
+        QCOMPARE(held, QSet<QString>(expected.begin(), expected.end()));
+    }
+
+    // They lie over the pages and are no part of any.
+    void ThePanesAndTheFormattingBarAreTheWindowsOwn() {
+        Main().SetTab(Tab::EditForm);
+        for (QWidget* control : {static_cast<QWidget*>(Main().txtContent()),
+                                 static_cast<QWidget*>(Main().editToolBar->fmeEditToolBar)}) {
+            QVERIFY(!Main().SSTab->isAncestorOf(control));
+            const QPoint middle = control->mapTo(&Main(), control->rect().center());
+            QVERIFY(Main().SSTab->rect().contains(Main().SSTab->mapFrom(&Main(), middle)));
+            QWidget* seen = Main().childAt(middle);
+            QVERIFY(seen == control || control->isAncestorOf(seen));
+        }
+        QVERIFY(!Main().SSTab->isAncestorOf(Main().txtMyContent()));
+    }
+
     void EachTabLaysOutItsPage_data() {
         QTest::addColumn<QString>("pageTitle");
         QTest::addColumn<int>("barTop"); // kStays: the bar is hidden

@@ -244,9 +244,14 @@ private Q_SLOTS:
     }
 
     void NoToTheQuestionKeepsTheTitlesOfTheLastCategory() {
+        Title(u"Second Acknowledgment"_qs);
+        (*m_window)->searchPage->cboQuery->setText(u"lease contract"_qs);
         Category(u"btnMyForms"_qs);
         QCOMPARE(Browser().lstSubCategory->ListCount(), 0);
         QCOMPARE(Browser().lstTitle->ListCount(), 2);
+        QCOMPARE(Browser().lstTitle->Text(), u"Second Acknowledgment"_qs);
+        QCOMPARE((*m_window)->searchPage->cboQuery->Text(), u"lease contract"_qs);
+        QCOMPARE(Pane(), u"BEFORE ME, a notary"_qs);
         QCOMPARE((*m_window)->CurrentTab(), Tab::FormsExplorer);
     }
 

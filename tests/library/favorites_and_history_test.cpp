@@ -134,6 +134,8 @@ private Q_SLOTS:
         Favorites().cmdRemove->click();
         QCOMPARE(Favorites().lstFavorites->Items(), QStringList(u"Special Power"_qs));
         QCOMPARE(Favorites().lstFavorites->ListIndex(), -1);
+        QCOMPARE(TestWindow::TextOf(Main().txtContent()), u"I lost it"_qs); // the form stays on the screen
+        QCOMPARE(History().lstHistory->Items(), QStringList(u"Affidavit of Loss"_qs));
         QVERIFY(Box().shown.empty());
         Favorites().cmdRemove->click();
         VerifyMessage(u"Click the Form to Remove from the Favorites List!   "_qs);
@@ -177,6 +179,7 @@ private Q_SLOTS:
         QCOMPARE(TestWindow::TextOf(Main().txtContent()), u"BEFORE ME"_qs);
         QCOMPARE(History().lstHistory->ListCount(), 2);
         QCOMPARE(Main().rtfContent()->Text(), u"left alone"_qs);
+        QCOMPARE(Main().CurrentTab(), Tab::History);
         QVERIFY(!Main().Menu(u"mnuHelpContents"_qs)->isChecked());
         QVERIFY(Main().txtContent()->hasFocus());
     }
@@ -250,7 +253,7 @@ private Q_SLOTS:
         QCOMPARE(window->historyPage->lstHistory->ListCount(), 0);
     }
 
-    void ATitleWithAnApostropheIsMarkedInSilence() {
+    void ATitleWithAnApostropheIsNotMarkedAndNothingIsSaid() {
         Browser().CategoryButton(u"btnAffidavits"_qs)->click();
         Browser().lstTitle->setText(u"Heir's Affidavit"_qs);
         Browser().cmdAddtoFavs->click();

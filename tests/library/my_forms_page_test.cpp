@@ -3,7 +3,6 @@
 
 #include "editor/edit_tool_bar.h"
 #include "editor/undo_commands.h"
-#include "library/category_browser.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/list_box.h"
@@ -51,6 +50,21 @@ private Q_SLOTS:
         QCOMPARE(window->myFormsPage->Frame6->Caption(), u"My Form's Title:"_qs);
     }
 
+    void TheTitlesLieOverTheFieldsUntilTheyAreHidden() {
+        GoTo(MyFormsMode::Browsing);
+        QWidget* page = Page().fmeMyTitle->parentWidget();
+        const auto isSeen = [page](QWidget* frame) {
+            const QWidget* seen = page->childAt(frame->geometry().center());
+            return seen == frame || frame->isAncestorOf(seen);
+        };
+        QVERIFY(isSeen(Page().fmeMyTitle));
+        QVERIFY(!isSeen(Page().Frame5));
+        QVERIFY(!isSeen(Page().Frame6));
+        Page().btnEdit->click();
+        QVERIFY(isSeen(Page().Frame5));
+        QVERIFY(isSeen(Page().Frame6));
+    }
+
     // --- transitions
 
     void EditDoubleClickAndAClickIntoThePaneShowTheFields_data() {
@@ -89,6 +103,7 @@ private Q_SLOTS:
         Verify(MyFormsMode::Composing);
         QCOMPARE(Page().txtMyTitle->text(), QString());
         QCOMPARE(Page().cboMySubCategory->Text(), QString());
+        QCOMPARE(Page().cboMySubCategory->ListCount(), from == MyFormsMode::Empty ? 0 : 2);
         QCOMPARE(Pane().Text(), QString());
         QCOMPARE(Pane().SelFontName(), std::optional(u"Times New Roman"_qs));
         QCOMPARE(Pane().SelFontSize(), std::optional(12.0));
@@ -134,9 +149,11 @@ private Q_SLOTS:
         GoTo(MyFormsMode::Editing);
         Page().txtMyTitle->setText(u"Annual Report 2026"_qs);
         Pane().setText(u"changed"_qs);
+        Main().State().DocumentSaved = false;
         TestWindow::ClickEntry(Page().lstMySubCategory, 1);
         Verify(MyFormsMode::Browsing);
         QVERIFY(Box().shown.empty());
+        QVERIFY(!Main().State().DocumentSaved); // leaving still asks
         TestWindow::ClickEntry(Page().lstMySubCategory, 0);
         QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"Annual Report 2026"_qs, u"Board Paper"_qs}));
         QCOMPARE(Pane().Text(), u"changed"_qs);
@@ -195,14 +212,17 @@ private Q_SLOTS:
     }
 
     void ARefusedTitleIsToldAndTheStateStays_data() {
+        QTest::addColumn<MyFormsMode>("from");
         QTest::addColumn<QString>("title");
-        QTest::newRow("of another own form") << u"Board Paper"_qs;
-        QTest::newRow("of the library") << u"Special Power"_qs;
-        QTest::newRow("in another case") << u"SPECIAL power"_qs;
+        QTest::newRow("of another own form") << MyFormsMode::Editing << u"Board Paper"_qs;
+        QTest::newRow("of the library") << MyFormsMode::Editing << u"Special Power"_qs;
+        QTest::newRow("in another case") << MyFormsMode::Editing << u"SPECIAL power"_qs;
+        QTest::newRow("browsing") << MyFormsMode::Browsing << u"Board Paper"_qs;
     }
     void ARefusedTitleIsToldAndTheStateStays() {
+        QFETCH(MyFormsMode, from);
         QFETCH(QString, title);
-        GoTo(MyFormsMode::Editing);
+        GoTo(from);
         Fill(title, u"Corporate"_qs, u"changed"_qs);
         Box().answer = MessageAnswer::Yes;
         Page().btnUpdate->click();
@@ -212,7 +232,7 @@ private Q_SLOTS:
                      u"'   \nalready exists! Please change the Title of your Form.   "_qs);
         QCOMPARE(Box().shown[1].icon, platform::MessageIcon::Information);
         QCOMPARE(Box().shown[1].title, u"My Forms"_qs);
-        Verify(MyFormsMode::Editing);
+        Verify(from);
         QVERIFY(HasFocus(Page().txtMyTitle));
         QCOMPARE(Pane().Text(), u"changed"_qs);
         // the row keeps its values
@@ -288,6 +308,13 @@ private Q_SLOTS:
         Verify(MyFormsMode::Composing);
     }
 
+    void AddToAnEmptyCollectionNamesWhatIsMissing_data() { AddMissing(); }
+    void AddToAnEmptyCollectionNamesWhatIsMissing() {
+        GoTo(MyFormsMode::Empty);
+        VerifyMissing(Page().btnAddNew);
+        Verify(MyFormsMode::Empty);
+    }
+
     void CancelGoesBackWithoutAsking_data() {
         QTest::addColumn<bool>("withEntries");
         QTest::newRow("with entries") << true;
@@ -298,8 +325,10 @@ private Q_SLOTS:
         GoTo(withEntries ? MyFormsMode::Browsing : MyFormsMode::Empty);
         Page().btnNew->click();
         Fill(u"Half"_qs, u"Way"_qs, u"done"_qs);
+        Main().State().DocumentSaved = false;
         Page().btnCancelNew->click();
         QVERIFY(Box().shown.empty());
+        QVERIFY(!Main().State().DocumentSaved);
         Verify(withEntries ? MyFormsMode::Browsing : MyFormsMode::Empty);
         if (withEntries)
             QCOMPARE(Pane().Text(), u"Text of Annual Report"_qs);
@@ -389,42 +418,6 @@ private Q_SLOTS:
         Page().btnAddNew->click();
         QCOMPARE(Page().txtMyTitle->text(), u"Bold One"_qs);
         QCOMPARE(Pane().TextRTF(), source);
-    }
-
-    // --- from other pages
-
-    void TheFormOnTheScreenGoesIntoTheCollection() {
-        Open(WithOwnForms());
-        Main().SetTab(Tab::FormsExplorer);
-        Main().categoryBrowser->lstTitle->setText(u"Acknowledgment Alone"_qs);
-        Main().Menu(u"mnuAddToMyForms"_qs)->trigger();
-        QCOMPARE(Main().CurrentTab(), Tab::MyForms);
-        VerifyOneMessage(u"The Form has no TITLE!   "_qs);
-        QVERIFY(HasFocus(Page().txtMyTitle));
-        QCOMPARE(Pane().Text(), u"BEFORE ME"_qs);
-        QVERIFY(!Main().State().DocumentSaved);
-        Verify(MyFormsMode::Composing);
-        Page().txtMyTitle->setText(u"My Acknowledgment"_qs);
-        Page().cboMySubCategory->setText(u"Notarial"_qs);
-        Page().btnAddNew->click();
-        Verify(MyFormsMode::Browsing);
-        QVERIFY(Page().lstMySubCategory->Items().contains(u"Notarial"_qs));
-    }
-
-    void OnTheOwnPageTheVisibleButtonActs_data() {
-        QTest::addColumn<MyFormsMode>("mode");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("update") << MyFormsMode::Browsing << u"Save Changes to the Current Form?   "_qs;
-        QTest::newRow("add") << MyFormsMode::Composing << u"The Form has no TITLE!   "_qs;
-    }
-    void OnTheOwnPageTheVisibleButtonActs() {
-        QFETCH(MyFormsMode, mode);
-        QFETCH(QString, message);
-        GoTo(mode);
-        Page().AddtoMyForms();
-        QCOMPARE(Box().shown.size(), size_t(1));
-        QCOMPARE(Box().shown[0].text, message);
-        QVERIFY(!Main().State().DocumentSaved);
     }
 
 private:

@@ -36,6 +36,7 @@ public:
     void SetApplicationTitle(const QString& newTitle) override { title = newTitle; }
     bool BringForward(const QString& wanted) override {
         broughtForward.append(wanted);
+        titleWhileSearching = title;
         return wanted == titleOfEarlierWindow;
     }
     void SetWindow(QWidget*) override {}
@@ -45,6 +46,7 @@ public:
     QString titleOfEarlierWindow; // null: no such window
     QString title = QStringLiteral("Quillbrook PRO");
     QStringList broughtForward;
+    QString titleWhileSearching; // of this process, at the last BringForward
     bool ended = false;
 };
 
