@@ -2,7 +2,9 @@
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -10,8 +12,11 @@
 
 namespace platform {
 
+// A font that is not installed is shown by the one that stands for it in the text.
 static QFont FontOf(const FontChoice& choice) {
     QFont font(choice.FontName);
+    if (!QFontDatabase::families().contains(choice.FontName))
+        font.setFamily(QFontInfo(font).family());
     if (choice.FontSize > 0)
         font.setPointSizeF(choice.FontSize);
     font.setBold(choice.FontBold);
@@ -23,6 +28,7 @@ static QFont FontOf(const FontChoice& choice) {
 
 FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
     : QDialog(parent)
+    , m_given(choice)
     , m_fonts(new QFontDialog(FontOf(choice)))
     , m_colorButton(new QPushButton)
     , m_color(choice.Color) {
@@ -30,6 +36,7 @@ FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
     m_fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     m_fonts->setWindowFlags(Qt::Widget);
     m_fonts->setCurrentFont(FontOf(choice));
+    m_shown = m_fonts->currentFont();
 
     auto* label = new QLabel(tr("&Color:"));
     label->setBuddy(m_colorButton);
@@ -56,8 +63,19 @@ FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
 
 FontChoice FontDialog::Choice() const {
     const QFont font = m_fonts->currentFont();
-    return {font.family(),    font.pointSizeF(), font.bold(), font.italic(),
-            font.strikeOut(), font.underline(),  m_color};
+    FontChoice choice = m_given;
+    if (font.family() != m_shown.family())
+        choice.FontName = font.family();
+    if (font.pointSizeF() != m_shown.pointSizeF())
+        choice.FontSize = font.pointSizeF();
+    if (font.bold() != m_shown.bold())
+        choice.FontBold = font.bold();
+    if (font.italic() != m_shown.italic())
+        choice.FontItalic = font.italic();
+    choice.FontStrikethru = font.strikeOut();
+    choice.FontUnderline = font.underline();
+    choice.Color = m_color;
+    return choice;
 }
 
 void FontDialog::ChooseColor() {
