@@ -76,10 +76,11 @@ BENCHMARK_CAPTURE(MarkInPane, frequent, kFrequent)->Unit(benchmark::kMillisecond
 // Each round a step from hit to hit; after the last one anew.
 void NextHit(benchmark::State& state, const QStringList& terms) {
     const MarkedForm form = MarkForm(Text(), TermsOf(terms));
+    QString word;
     HitWalk walk;
     walk.Start(form);
     for (auto _ : state) {
-        if (!walk.Next(Text()))
+        if (!walk.Next(Text(), word))
             walk.Start(form);
     }
 }
@@ -89,13 +90,14 @@ BENCHMARK_CAPTURE(NextHit, rare, kRare)->Unit(benchmark::kMillisecond);
 // The walk back from behind the last hit.
 void PreviousHit(benchmark::State& state, const QStringList& terms) {
     const MarkedForm form = MarkForm(Text(), TermsOf(terms));
+    QString word;
     HitWalk atEnd;
     atEnd.Start(form);
-    while (atEnd.Next(Text())) {
+    while (atEnd.Next(Text(), word)) {
     }
     HitWalk walk = atEnd;
     for (auto _ : state) {
-        if (!walk.Previous(Text()).start)
+        if (!walk.Previous(Text(), word).start)
             walk = atEnd;
     }
 }
@@ -106,10 +108,11 @@ void NextHitInVain(benchmark::State& state) {
     MarkedForm form;
     for (const QString& term : kAbsent)
         form.cboDisplayHit.append(term.toUpper());
+    QString word;
     HitWalk walk;
     for (auto _ : state) {
         walk.Start(form);
-        benchmark::DoNotOptimize(walk.Next(Text()));
+        benchmark::DoNotOptimize(walk.Next(Text(), word));
     }
 }
 BENCHMARK(NextHitInVain)->Unit(benchmark::kMillisecond);

@@ -221,7 +221,7 @@ void frmMain::BuildCommands() {
     printCommands->SetPrintRoute([this] { return wordCommands->PrintPane(); });
     printCommands->SetPreviewRoute([this] { return wordCommands->PreviewPane(); });
     fileCommands->SetWordSaving([this] { wordCommands->SaveAsMSDoc(); });
-    searchCommands = new SearchCommands(*searchPage, *this, m_state, m_store, this);
+    searchCommands = new SearchCommands(*searchPage, *this, m_state, m_variables, m_store, this);
     clauseCommands = new ClauseCommands(*this, m_store, m_variables, m_windows, this);
     m_windows.Offer(QStringLiteral("frmJurat"),
                     [this] { return std::make_unique<frmJurat>(m_variables, this); });

@@ -22,7 +22,7 @@ struct PublicVariables {
     // The word processor of the command that is running; null between two commands.
     std::unique_ptr<platform::WordApplication> WordApp;
 
-    QString CurrentSearchWord; // the marker that the next clause is to replace; a hit's term is HitWalk's own
+    QString CurrentSearchWord; // what is looked for: a hit's term, or the marker that a clause is to replace
 };
 
 } // namespace quillbrook

@@ -8,16 +8,14 @@ namespace quillbrook {
 
 void HitWalk::Start(const MarkedForm& form) {
     m_terms = form.cboDisplayHit;
-    if (!form.CurrentSearchWord.isEmpty())
-        m_word = form.CurrentSearchWord;
     m_position = 1;
 }
 
-HitSelection HitWalk::Selection() const {
-    return {static_cast<int>(m_position - 2), static_cast<int>(m_word.size())};
+HitSelection HitWalk::Selection(const QString& word) const {
+    return {static_cast<int>(m_position - 2), static_cast<int>(word.size())};
 }
 
-std::optional<HitSelection> HitWalk::Next(const QString& text) {
+std::optional<HitSelection> HitWalk::Next(const QString& text, QString& word) {
     const qsizetype length = text.size();
     if (m_position >= length)
         return std::nullopt;
@@ -30,17 +28,17 @@ std::optional<HitSelection> HitWalk::Next(const QString& text) {
         if (hit < 0)
             continue;
         nearest = hit;
-        m_word = term;
+        word = term;
     }
     if (nearest < 0) {
         m_position += length; // past the end, where later steps stop
         return std::nullopt;
     }
     m_position = nearest + 2;
-    return Selection();
+    return Selection(word);
 }
 
-HitSelection HitWalk::Previous(const QString& text) {
+HitSelection HitWalk::Previous(const QString& text, QString& word) {
     const QString capitals = Capitals(text);
     const qsizetype current = m_position - 2;                            // start of the current hit
     const qsizetype headEnd = std::min(m_position, capitals.size()) - 1; // behind what is looked at
@@ -52,12 +50,12 @@ HitSelection HitWalk::Previous(const QString& text) {
         if (hit < 0)
             continue;
         best = hit;
-        m_word = term;
+        word = term;
     }
     m_position = best + 2;
     if (best < 0)
-        return {std::nullopt, static_cast<int>(m_word.size())};
-    return Selection();
+        return {std::nullopt, static_cast<int>(word.size())};
+    return Selection(word);
 }
 
 } // namespace quillbrook

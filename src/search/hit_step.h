@@ -17,7 +17,7 @@ struct HitSelection {
 
 // The walk over the hits of all terms in the form on display. Terms are looked for in the text as it stands
 // at each step, capitals or not. Neither end leads to the other. The last character of the text is not looked
-// at.
+// at. A step that comes to a hit puts its term into `word`, the program's CurrentSearchWord.
 class HitWalk {
 public:
     // Begins in front of the first hit. A form without marks gives a walk that goes nowhere.
@@ -25,22 +25,20 @@ public:
 
     // btnNextHit: the next hit, of two at one place that of the term listed first. Empty when there is none;
     // the selection stays, and the walk has come to its end.
-    std::optional<HitSelection> Next(const QString& text);
+    std::optional<HitSelection> Next(const QString& text, QString& word);
 
     // btnPreviousHit: the last hit in front of the current one. With none, the walk begins anew and what the
-    // pane has selected gets the length of CurrentSearchWord.
-    HitSelection Previous(const QString& text);
+    // pane has selected gets the length of `word`, whoever put it there.
+    HitSelection Previous(const QString& text, QString& word);
 
     qsizetype HitScanPosition() const {
         return m_position;
     } // 2 + the start of the current hit, 1 before the first
-    const QString& CurrentSearchWord() const { return m_word; } // the term of the hit selected last
 
 private:
-    HitSelection Selection() const;
+    HitSelection Selection(const QString& word) const;
 
     QStringList m_terms;
-    QString m_word;
     qsizetype m_position = 1;
 };
 

@@ -1,5 +1,6 @@
 #include "search/search_commands.h"
 
+#include "app/public_variables.h"
 #include "app/workbench.h"
 #include "editor/scratch_pane.h"
 #include "library/library_store.h"
@@ -28,11 +29,12 @@ using platform::SetTop;
 using platform::Top;
 
 SearchCommands::SearchCommands(SearchPage& page, Workbench& workbench, WindowState& state,
-                               LibraryStore& store, QObject* parent)
+                               PublicVariables& variables, LibraryStore& store, QObject* parent)
     : QObject(parent)
     , m_page(page)
     , m_workbench(workbench)
     , m_state(state)
+    , m_variables(variables)
     , m_store(store) {
     using platform::MyButton;
     connect(page.cmdSearch, &MyButton::Click, this, &SearchCommands::Search);
@@ -112,19 +114,22 @@ void SearchCommands::ShowSearchResult() {
     PaintMarks(scratch, form.marks);
     m_workbench.txtContent()->setTextRTF(scratch.TextRTF());
     m_hits.Start(form);
+    if (!form.CurrentSearchWord.isEmpty())
+        m_variables.CurrentSearchWord = form.CurrentSearchWord;
     Q_EMIT FormOpened(title);
 }
 
 void SearchCommands::NextHit() {
     platform::SetFocus(m_workbench.txtContent());
     m_page.btnPreviousHit->setEnabled(true);
-    if (const std::optional<HitSelection> hit = m_hits.Next(m_workbench.txtContent()->Text()))
+    const QString text = m_workbench.txtContent()->Text();
+    if (const std::optional<HitSelection> hit = m_hits.Next(text, m_variables.CurrentSearchWord))
         Select(*hit);
 }
 
 void SearchCommands::PreviousHit() {
     platform::SetFocus(m_workbench.txtContent());
-    Select(m_hits.Previous(m_workbench.txtContent()->Text()));
+    Select(m_hits.Previous(m_workbench.txtContent()->Text(), m_variables.CurrentSearchWord));
 }
 
 void SearchCommands::Select(const HitSelection& hit) {

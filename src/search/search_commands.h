@@ -11,6 +11,7 @@ struct ResultLayout;
 class LibraryStore;
 class SearchPage;
 class Workbench;
+struct PublicVariables;
 struct WindowState;
 
 // The search, the display of a form that was found, and the walk over its hits.
@@ -18,8 +19,8 @@ class SearchCommands final : public QObject {
     Q_OBJECT
 
 public:
-    SearchCommands(SearchPage& page, Workbench& workbench, WindowState& state, LibraryStore& store,
-                   QObject* parent);
+    SearchCommands(SearchPage& page, Workbench& workbench, WindowState& state, PublicVariables& variables,
+                   LibraryStore& store, QObject* parent);
 
     // cmdSearch: lists the titles of the forms that the query finds, and lays the page out by their number.
     void Search();
@@ -43,6 +44,7 @@ private:
     SearchPage& m_page;
     Workbench& m_workbench;
     WindowState& m_state;
+    PublicVariables& m_variables;
     LibraryStore& m_store;
     SearchTerms m_terms; // of the last search
     HitWalk m_hits;

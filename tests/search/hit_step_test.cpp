@@ -15,11 +15,23 @@ SearchTerms TermsOf(const QString& words) {
     return terms;
 }
 
-HitWalk WalkOver(const QString& text, const QString& words) {
-    HitWalk walk;
-    walk.Start(MarkForm(text, TermsOf(words)));
-    return walk;
-}
+// A walk and the word that its steps set, as the marking of the form leaves it.
+struct Walk {
+    Walk(const QString& text, const QString& words) { Start(MarkForm(text, TermsOf(words))); }
+    explicit Walk(const MarkedForm& form) { Start(form); }
+
+    void Start(const MarkedForm& form) {
+        hits.Start(form);
+        if (!form.CurrentSearchWord.isEmpty())
+            word = form.CurrentSearchWord;
+    }
+    std::optional<HitSelection> Next(const QString& text) { return hits.Next(text, word); }
+    HitSelection Previous(const QString& text) { return hits.Previous(text, word); }
+    qsizetype HitScanPosition() const { return hits.HitScanPosition(); }
+
+    HitWalk hits;
+    QString word;
+};
 
 QString Written(const HitSelection& selection) {
     const QString start = selection.start ? QString::number(*selection.start) : QStringLiteral("?");
@@ -178,7 +190,7 @@ private Q_SLOTS:
         QFETCH(QString, text);
         QFETCH(QString, terms);
         QFETCH(QString, steps);
-        HitWalk walk = WalkOver(text, terms);
+        Walk walk(text, terms);
         QStringList selected;
         for (const QChar step : steps) {
             if (step == u'<') {
@@ -193,14 +205,14 @@ private Q_SLOTS:
 
     void TheScanPositionStandsBehindTheStartOfTheHit() {
         const QString text = QStringLiteral("the sale of the deed of sale");
-        HitWalk walk = WalkOver(text, QStringLiteral("deed|sale"));
+        Walk walk(text, QStringLiteral("deed|sale"));
         QCOMPARE(walk.HitScanPosition(), 1);
         walk.Next(text);
         QCOMPARE(walk.HitScanPosition(), 6);
-        QCOMPARE(walk.CurrentSearchWord(), QStringLiteral("SALE"));
+        QCOMPARE(walk.word, QStringLiteral("SALE"));
         walk.Next(text);
         QCOMPARE(walk.HitScanPosition(), 18);
-        QCOMPARE(walk.CurrentSearchWord(), QStringLiteral("DEED"));
+        QCOMPARE(walk.word, QStringLiteral("DEED"));
         walk.Previous(text);
         QCOMPARE(walk.HitScanPosition(), 6);
         walk.Previous(text);
@@ -209,7 +221,7 @@ private Q_SLOTS:
 
     void AStepWithoutAHitLeavesThePositionPastTheEnd() {
         const QString text = QStringLiteral("deed of sale.");
-        HitWalk walk = WalkOver(text, QStringLiteral("deed"));
+        Walk walk(text, QStringLiteral("deed"));
         walk.Next(text);
         QVERIFY(!walk.Next(text));
         QCOMPARE(walk.HitScanPosition(), 2 + text.size());
@@ -219,7 +231,7 @@ private Q_SLOTS:
 
     void AnotherFormBeginsInFront() {
         const QString text = QStringLiteral("deed of deed.");
-        HitWalk walk = WalkOver(text, QStringLiteral("deed"));
+        Walk walk(text, QStringLiteral("deed"));
         walk.Next(text);
         walk.Start(MarkForm(text, TermsOf(QStringLiteral("of"))));
         QCOMPARE(walk.HitScanPosition(), 1);
@@ -228,15 +240,24 @@ private Q_SLOTS:
 
     void AFormShownWithoutTermsKeepsTheWordOfTheLastStep() {
         const QString text = QStringLiteral("deed of deed.");
-        HitWalk walk = WalkOver(text, QStringLiteral("deed"));
+        Walk walk(text, QStringLiteral("deed"));
         walk.Next(text);
         walk.Start(MarkedForm());
         QVERIFY(!walk.Next(text));
         QCOMPARE(Written(walk.Previous(text)), QStringLiteral("?+4"));
     }
 
+    void WithNothingInFrontTheLengthIsThatOfTheWordWhoeverSetIt() {
+        const QString text = QStringLiteral("a deed of deed.");
+        Walk walk(text, QStringLiteral("deed"));
+        walk.Next(text);
+        walk.word = QStringLiteral("(JURAT)");
+        QCOMPARE(Written(walk.Previous(text)), QStringLiteral("?+7"));
+        QCOMPARE(walk.word, QStringLiteral("(JURAT)"));
+    }
+
     void HitsAreLookedForInTheTextAsItStands() {
-        HitWalk walk = WalkOver(QStringLiteral("the deed and the deed."), QStringLiteral("deed"));
+        Walk walk(QStringLiteral("the deed and the deed."), QStringLiteral("deed"));
         QCOMPARE(Written(*walk.Next(QStringLiteral("the deed and the deed."))), QStringLiteral("4+4"));
         QCOMPARE(Written(*walk.Next(QStringLiteral("the deed, and so the deed."))), QStringLiteral("21+4"));
         QCOMPARE(Written(walk.Previous(QStringLiteral("a deed, "))), QStringLiteral("2+4"));
@@ -257,8 +278,7 @@ private Q_SLOTS:
             for (auto more = random() % 3; more > 0; --more)
                 terms += u'|' + word(2, 4);
             const MarkedForm form = MarkForm(text, TermsOf(terms));
-            HitWalk walk;
-            walk.Start(form);
+            Walk walk(form);
             WalkByCopies copies(form.cboDisplayHit, form.CurrentSearchWord);
             for (int step = 0; step < 40; ++step) {
                 if (random() % 3 == 0) {
