@@ -48,9 +48,4 @@ constexpr HitControlTops PlaceHitControls(int frameTop, int frameHeight, int but
     return {buttons, buttons - labelHeight};
 }
 
-// Height of txtContent, from the window's inner height down to the status bar, in twips.
-constexpr int SearchPaneHeight(int innerHeight, int paneTop, int statusBarHeight) {
-    return innerHeight - paneTop - statusBarHeight - 175;
-}
-
 } // namespace quillbrook

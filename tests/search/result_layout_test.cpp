@@ -45,10 +45,6 @@ private Q_SLOTS:
         QCOMPARE(tops.buttons, 1950 + 1755 - 390 - 20);
         QCOMPARE(tops.label, tops.buttons - 270);
     }
-
-    void ThePaneReachesDownToTheStatusBar() {
-        QCOMPARE(SearchPaneHeight(9000, 3120, 330), 9000 - 3120 - 330 - 175);
-    }
 };
 
 QTEST_GUILESS_MAIN(ResultLayoutTest)
