@@ -143,6 +143,64 @@ private Q_SLOTS:
         QVERIFY(!Bar().btnCenter->Value());
     }
 
+    void FontAndSizeAreShownEachForItself() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"one two"_qs);
+        pane->selectAll();
+        pane->setSelFontSize(20);
+        pane->setSelStart(4);
+        pane->setSelLength(3);
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        Bar().cboFontSize->setText(u"?"_qs);
+        pane->selectAll();
+        QCOMPARE(Bar().cboFonts->Text(), u"Liberation Sans"_qs); // mixed: what was shown stays
+        QCOMPARE(Bar().cboFontSize->Text(), u"20"_qs);
+        pane->setSelFontName(u"Liberation Mono"_qs);
+        pane->setSelStart(0);
+        pane->setSelLength(3);
+        pane->setSelFontSize(8);
+        Bar().cboFonts->setText(u"?"_qs);
+        pane->selectAll();
+        QCOMPARE(Bar().cboFonts->Text(), u"Liberation Mono"_qs);
+        QCOMPARE(Bar().cboFontSize->Text(), u"8"_qs);
+    }
+
+    void APageWithoutEditingShowsNoFormat() {
+        Main().txtContent()->setText(u"some text"_qs);
+        for (const Tab tab : {Tab::FormsExplorer, Tab::Search, Tab::Favorites, Tab::History}) {
+            Main().SetTab(Tab::EditForm);
+            Bar().btnBold->setValue(true);
+            Bar().cboFonts->setText(u"?"_qs);
+            Main().SetTab(tab);
+            QVERIFY(Bar().btnBold->Value());
+            QCOMPARE(Bar().cboFonts->Text(), u"?"_qs);
+        }
+    }
+
+    void AButtonOtherThanTheLeftShowsThePopUp_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<bool>("shown");
+        for (const int tab : {0, 2, 5}) {
+            QTest::addRow("left, page %d", tab) << tab << Qt::LeftButton << false;
+            QTest::addRow("right, page %d", tab) << tab << Qt::RightButton << true;
+            QTest::addRow("middle, page %d", tab) << tab << Qt::MiddleButton << true;
+        }
+    }
+    void AButtonOtherThanTheLeftShowsThePopUp() {
+        QFETCH(int, tab);
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(bool, shown);
+        RichTextBox* pane = Go(Tab(tab));
+        pane->setText(u"some text to point at"_qs);
+        QTest::mousePress(pane->viewport(), button, Qt::NoModifier, {120, 40});
+        QMenu* popUp = Main().menuTree->Menu(u"mnuPopUp"_qs);
+        QCOMPARE(popUp->isVisible(), shown);
+        QCOMPARE(int(Main().CurrentTab()), tab); // going to the form takes a whole click
+        popUp->close();
+        QTest::mouseRelease(pane->viewport(), button, Qt::NoModifier, {120, 40});
+    }
+
     void ThePopUpHasItsEntries() {
         QStringList texts;
         for (const QAction* action : Main().menuTree->Menu(u"mnuPopUp"_qs)->actions())
@@ -352,6 +410,21 @@ private Q_SLOTS:
         QCOMPARE(pane->SelFontSize(), std::optional(20.0));
         pane->setSelStart(6);
         QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+    }
+
+    void OnTheOwnPageAPickGoesOntoItsPane() {
+        RichTextBox* reading = Go(Tab::EditForm);
+        reading->setText(u"some text"_qs);
+        reading->selectAll();
+        RichTextBox* mine = Go(Tab::MyForms);
+        mine->setText(u"mine"_qs);
+        mine->selectAll();
+        const QString before = reading->TextRTF();
+        Bar().cboFonts->setListIndex(int(Bar().cboFonts->Items().indexOf(u"Liberation Sans"_qs)));
+        Bar().cboFontSize->setListIndex(int(Bar().cboFontSize->Items().indexOf(u"20"_qs)));
+        QCOMPARE(mine->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        QCOMPARE(mine->SelFontSize(), std::optional(20.0));
+        QCOMPARE(reading->TextRTF(), before);
     }
 
     void ASizeTypedCountsWhenEnterIsPressed() {

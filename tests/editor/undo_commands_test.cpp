@@ -11,6 +11,7 @@
 #include <QtWidgets>
 
 using namespace quillbrook;
+using platform::MyButton;
 using platform::RichTextBox;
 
 class UndoCommandsTest : public QObject {
@@ -157,6 +158,73 @@ private Q_SLOTS:
         QCOMPARE(Main().txtMyContent()->Text(), u"xyz"_qs);
         QCOMPARE(Bar().btnUndo->isEnabled(), undo);
         QCOMPARE(Bar().btnRedo->isEnabled(), redo);
+    }
+
+    void EveryControlRunsTheOneCommand_data() {
+        QTest::addColumn<bool>("undoes");
+        for (const char* name : {"mnuUndo", "btnUndo", "btnMyUndo", "mnuPopUndo"})
+            QTest::newRow(name) << true;
+        for (const char* name : {"mnuRedo", "btnRedo", "btnMyRedo", "mnuPopRedo"})
+            QTest::newRow(name) << false;
+    }
+    void EveryControlRunsTheOneCommand() {
+        QFETCH(bool, undoes);
+        const QString name = QLatin1String(QTest::currentDataTag());
+        const auto run = [&] {
+            if (auto* button = Main().findChild<MyButton*>(name)) {
+                button->setEnabled(true); // those of the other page are off
+                button->click();
+            } else
+                Main().Menu(name)->trigger();
+        };
+        QTest::keyClicks(&Pane(), u"abc"_qs);
+        if (!undoes)
+            Bar().btnUndo->click();
+        run();
+        QCOMPARE(Pane().Text(), undoes ? u"ab"_qs : u"abc"_qs);
+
+        Main().SetTab(Tab::MyForms);
+        const QString reading = Pane().TextRTF();
+        QTest::keyClicks(Main().txtMyContent(), u"xyz"_qs);
+        if (!undoes)
+            Bar().btnMyUndo->click();
+        run();
+        QCOMPARE(Main().txtMyContent()->Text(), undoes ? u"xy"_qs : u"xyz"_qs);
+        QCOMPARE(Pane().TextRTF(), reading);
+    }
+
+    void AChangeOfThePaneThatIsNotOnTopShowsInTheSharedEntries() {
+        Pane().setText(u"one"_qs);
+        Main().SetTab(Tab::MyForms);
+        QVERIFY(!Main().Menu(u"mnuUndo"_qs)->isEnabled());
+        Pane().setText(u"two"_qs);
+        QVERIFY(Main().Menu(u"mnuUndo"_qs)->isEnabled());
+        QVERIFY(Main().Menu(u"mnuPopUndo"_qs)->isEnabled());
+        QVERIFY(Bar().btnUndo->isEnabled());
+        QVERIFY(!Bar().btnMyUndo->isEnabled());
+    }
+
+    void UndoAtTheFirstStateStaysThere() {
+        QTest::keyClicks(&Pane(), u"a"_qs);
+        QVERIFY(!Main().State().DocumentSaved);
+        VerifyControls(false, false);
+        Main().undoCommands->Undo(); // none of the controls leads here
+        QCOMPARE(Pane().Text(), u"a"_qs);
+        QCOMPARE(Main().undoCommands->History().Index(), 1);
+        QCOMPARE(Main().undoCommands->History().RedoCount(), 1);
+        VerifyControls(false, true);
+        QVERIFY(Main().State().DocumentSaved);
+    }
+
+    void RedoLeavesWhetherTheDocumentIsSaved() {
+        QTest::keyClicks(&Pane(), u"ab"_qs);
+        Bar().btnUndo->click();
+        for (const bool saved : {true, false}) {
+            Main().State().DocumentSaved = saved;
+            Bar().btnRedo->click();
+            QCOMPARE(Main().State().DocumentSaved, saved);
+            Bar().btnUndo->click();
+        }
     }
 
     void TheCaretStaysAboutWhereItWas() {

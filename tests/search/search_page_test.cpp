@@ -1,0 +1,62 @@
+// What stays and what goes on the Search page during a run.
+#include "search/search_page.h"
+
+#include "platform/controls/combo_box.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/geometry.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/my_button.h"
+#include "tests/support/test_window.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+using namespace quillbrook;
+
+class SearchPageTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void NothingBringsTheLargeModesBack() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->SetTab(Tab::Search);
+        SearchPage& page = *window->searchPage;
+        QTest::keyClicks(page.cboQuery, u"o"_qs);
+        QVERIFY(page.fmeSearchMode->isHidden());
+        page.modeButtons[1]->click();
+        QTest::keyClick(page.cboQuery, Qt::Key_Return);
+        TestWindow::ClickEntry(page.lstSearch, 0);
+        page.cboQuery->setText(QString());
+        page.cmdSearch->click();
+        window->SetTab(Tab::FormsExplorer);
+        window->SetTab(Tab::Search);
+        QVERIFY(page.fmeSearchMode->isHidden());
+        for (const QRadioButton* button : page.modeButtons)
+            QVERIFY(button->isVisible());
+        // hidden they are kept equal all the same
+        QVERIFY(page.twinButtons[1]->isChecked());
+    }
+
+    void AWindowWithoutFormsKeepsTheCaptionItWasMadeWith() {
+        TestWindow window(std::vector<TestForm>{});
+        QCOMPARE(window->searchPage->fmeSearchResult->Caption(), u"Search Result:"_qs);
+    }
+
+    void TheHitControlsStandBesideTheResultWithTheirLabelAbove() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->SetTab(Tab::Search);
+        SearchPage& page = *window->searchPage;
+        page.cboQuery->setText(u"the"_qs);
+        page.cmdSearch->click();
+        TestWindow::ClickEntry(page.lstSearch, 0);
+        QCOMPARE(page.btnNextHit->y(), page.btnPreviousHit->y());
+        QVERIFY(page.btnNextHit->x() > page.btnPreviousHit->x());
+        QVERIFY(std::abs(page.lblDisplayHits->geometry().bottom() + 1 - page.btnNextHit->y()) <= 1);
+        QVERIFY(!page.lblDisplayHits->geometry().intersects(page.fmeSearchResult->geometry()));
+    }
+};
+
+QTEST_MAIN(SearchPageTest)
+#include "search_page_test.moc"
