@@ -50,8 +50,10 @@ void ClauseCommands::InsertVerification() {
 }
 
 void ClauseCommands::InsertAtMarker(ClauseRoutine routine) {
-    InsertClause(*m_workbench.txtContent(), *m_workbench.txtMyContent(), *m_workbench.ActivePane(),
-                 m_variables.CurrentSearchWord, Fetch(routine));
+    PreparePane(*m_workbench.txtContent());
+    PreparePane(*m_workbench.txtMyContent());
+    const QString clause = Fetch(routine);
+    InsertClause(*m_workbench.ActivePane(), m_variables.CurrentSearchWord, clause);
 }
 
 void ClauseCommands::InsertCaption() {

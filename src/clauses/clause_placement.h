@@ -37,14 +37,16 @@ void InsertClauseAt(Pane& pane, const ClausePlace& place, const QString& clause)
     pane.setSelText(clause);
 }
 
-// InsertJurat and InsertVerification: gets both panes ready, then inserts into the active one of them.
+// Gets a pane ready for a jurat or verification.
 template <typename Pane>
-void InsertClause(Pane& txtContent, Pane& txtMyContent, Pane& active, const QString& marker,
-                  const QString& clause) {
-    for (Pane* pane : {&txtContent, &txtMyContent}) {
-        if (const std::optional<QString> text = PreparedText(pane->Text()))
-            pane->setText(*text);
-    }
+void PreparePane(Pane& pane) {
+    if (const std::optional<QString> text = PreparedText(pane.Text()))
+        pane.setText(*text);
+}
+
+// Inserts a jurat or verification into the active pane, which is ready for it.
+template <typename Pane>
+void InsertClause(Pane& active, const QString& marker, const QString& clause) {
     if (const std::optional<ClausePlace> place = PlaceOfClause(active.Text(), marker))
         InsertClauseAt(active, *place, clause);
 }

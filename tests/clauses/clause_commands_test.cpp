@@ -374,6 +374,20 @@ private Q_SLOTS:
         QVERIFY(window.services.messageBox.shown.empty());
     }
 
+    void TheClauseIsReadWhenBothPanesAreReady() {
+        for (const bool mine : {false, true}) {
+            ClauseWindow window;
+            RichTextBox* pane = mine ? window->txtMyContent() : window->txtContent();
+            bool lost = false;
+            connect(pane, &RichTextBox::Change, this,
+                    [&] { lost = lost || window.Lose("Verification", "1", false); });
+            window.Choose("mnuAddVerificationIndividual");
+            QVERIFY(lost);
+            QCOMPARE(window.Content(), u"  "_qs);
+            QCOMPARE(window.MyContent(), u"  "_qs);
+        }
+    }
+
     void ARoutineDoesNotLookWhetherAClauseIsChosen() {
         ClauseWindow& window = *m_window;
         window->Variables().CurrentSearchWord = u"(JURAT)"_qs;

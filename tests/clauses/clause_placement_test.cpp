@@ -29,6 +29,13 @@ struct Pane {
 const QString kMarker = u"(JURAT)"_qs;
 const QString kClause = u"SUBSCRIBED\nAND SWORN"_qs;
 
+// As a command does it: both panes are made ready, one of them is the active one.
+void Insert(Pane& active, Pane& other, const QString& clause) {
+    PreparePane(active);
+    PreparePane(other);
+    InsertClause(active, kMarker, clause);
+}
+
 } // namespace
 
 class ClausePlacementTest : public QObject {
@@ -113,33 +120,28 @@ private Q_SLOTS:
     void ClausesAreInserted() {
         QFETCH(QString, before);
         QFETCH(QString, otherBefore);
-        for (const bool isMine : {false, true}) {
-            Pane active{before}, other{otherBefore};
-            active.setSelStart(int(before.size()) / 2); // where the caret was plays no part
-            if (isMine)
-                InsertClause(other, active, active, kMarker, kClause);
-            else
-                InsertClause(active, other, active, kMarker, kClause);
-            QTEST(active.text, "after");
-            QTEST(other.text, "otherAfter");
-        }
+        Pane active{before}, other{otherBefore};
+        active.setSelStart(int(before.size()) / 2); // where the caret was plays no part
+        Insert(active, other, kClause);
+        QTEST(active.text, "after");
+        QTEST(other.text, "otherAfter");
     }
 
     void RepeatedCommandsFillThePlacesInTurn() {
         Pane pane{u"1 (JURAT) 2 (JURAT) 3"_qs}, other{u"other"_qs};
-        InsertClause(pane, other, pane, kMarker, u"A"_qs);
+        Insert(pane, other, u"A"_qs);
         QCOMPARE(pane.text, u"1 A 2 (JURAT) 3"_qs);
-        InsertClause(pane, other, pane, kMarker, u"B"_qs);
+        Insert(pane, other, u"B"_qs);
         QCOMPARE(pane.text, u"1 A 2 B 3"_qs);
-        InsertClause(pane, other, pane, kMarker, u"C"_qs);
+        Insert(pane, other, u"C"_qs);
         QCOMPARE(pane.text, u"1 A 2 B 3C"_qs);
     }
 
     void AMissingClauseTakesTheMarkerAway() {
         Pane pane{u"a (JURAT) b"_qs}, other{u"other"_qs};
-        InsertClause(pane, other, pane, kMarker, QString());
+        Insert(pane, other, QString());
         QCOMPARE(pane.text, u"a  b"_qs);
-        InsertClause(pane, other, pane, kMarker, QString());
+        Insert(pane, other, QString());
         QCOMPARE(pane.text, u"a  b"_qs);
     }
 
@@ -147,7 +149,7 @@ private Q_SLOTS:
         Pane pane{u"selected"_qs}, other{u"other"_qs};
         pane.setSelStart(0);
         pane.setSelLength(8);
-        InsertClause(pane, other, pane, kMarker, u"!"_qs);
+        Insert(pane, other, u"!"_qs);
         QCOMPARE(pane.text, u"selected!"_qs);
         pane.setSelStart(0);
         pane.setSelLength(8);
