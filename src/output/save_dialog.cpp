@@ -45,7 +45,6 @@ frmSave::frmSave(bool ownForm, bool storedForm, QWidget* parent)
     lblAddtoMyForms = findChild<QLabel*>(QStringLiteral("lblbtnAddtoMyForms"));
     btnCancel = new QPushButton(QStringLiteral("Cancel"));
     btnCancel->setObjectName(QStringLiteral("btnCancel"));
-    btnCancel->setAutoDefault(false);
     connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
     grid->addWidget(btnCancel, grid->rowCount(), 1, Qt::AlignRight);
     adjustSize();

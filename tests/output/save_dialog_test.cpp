@@ -77,14 +77,25 @@ private Q_SLOTS:
                                        u"mnuAddToMyForms: Add to My Forms"_qs}));
     }
 
+    void CancellingItChangesNothing_data() {
+        QTest::addColumn<int>("key");
+        QTest::newRow("by the key") << int(Qt::Key_Escape);
+        QTest::newRow("by the button with the focus") << int(Qt::Key_Return);
+    }
     void CancellingItChangesNothing() {
+        QFETCH(int, key);
         TestWindow window;
         QVERIFY(window.Show());
         window->SetTab(Tab::EditForm);
         window->txtContent()->setText(u"Deed"_qs);
         const QString caption = window->windowTitle();
-        QTimer::singleShot(0, &*window,
-                           [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        QTimer::singleShot(0, &*window, [key] {
+            auto* dialog = qobject_cast<frmSave*>(QApplication::activeModalWidget());
+            QVERIFY(QTest::qWaitForWindowActive(dialog));
+            dialog->btnCancel->setFocus();
+            QTest::keyClick(dialog->btnCancel, Qt::Key(key));
+            dialog->reject(); // whatever the key did
+        });
         window->fileCommands->ShowSaveDialog();
         QCOMPARE(window->windowTitle(), caption);
         QCOMPARE(window->State().CurrentFilePath, QString());

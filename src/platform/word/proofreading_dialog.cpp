@@ -58,7 +58,6 @@ QPushButton* ProofreadingDialog::AddButton(const char* name, const QString& capt
                                            ProofreadingAnswer answer) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, answer] { Answer(answer); });
     return button;
 }

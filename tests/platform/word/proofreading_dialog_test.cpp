@@ -69,6 +69,19 @@ private Q_SLOTS:
         QCOMPARE(reply.replacement, u"deeds"_qs);
     }
 
+    void TheEnterKeyIsThatOfTheButtonWithTheFocus() {
+        const ProofreadingReply reply = Ask(kDede, [&] {
+            QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
+            for (int tab = 0; QApplication::focusWidget() != m_dialog->btnIgnoreAll && tab < 10; ++tab)
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+        QCOMPARE(reply.answer, ProofreadingAnswer::IgnoreAll);
+        // the next finding begins where one types
+        QCOMPARE(Ask(kDede, [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }).answer,
+                 ProofreadingAnswer::Change);
+    }
+
     void EscapeAndTheTitleBarAreCancel() {
         QCOMPARE(Ask(kDede, [&] { QTest::keyClick(m_dialog.get(), Qt::Key_Escape); }).answer,
                  ProofreadingAnswer::Cancel);
