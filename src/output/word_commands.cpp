@@ -106,7 +106,7 @@ void WordCommands::SaveAsMSDoc() {
 
 WordCommands::Next WordCommands::SaveOnce() {
     if (!AskWhereToSave()) {
-        CleanUp();
+        CancelSave();
         return Next::Done;
     }
     m_state.CurrentFilePath = WithExtension(m_dialog.FileName, QStringLiteral(".doc"));
@@ -159,7 +159,7 @@ WordCommands::Next WordCommands::TellSaveError(int number) {
     if (error.then == AfterSaveError::StartAgain ||
         (error.then == AfterSaveError::AskForAnotherName && answer == MessageAnswer::Yes))
         return Next::FromTheStart;
-    CleanUp();
+    CancelSave();
     return Next::Done;
 }
 
@@ -177,11 +177,18 @@ void WordCommands::EndShown() {
     FocusActivePane();
 }
 
-// The common end of commands that came to nothing. What is not there is passed over.
+// Ends the word processor, and then what the window showed of it. What is not there is passed over.
 void WordCommands::CleanUp() {
     m_transfer.CloseAndQuit();
     m_pointer.Normal();
     RestoreWindow();
+}
+
+// The end of a save that the user or an error has broken off: here the caption goes back first.
+void WordCommands::CancelSave() {
+    RestoreWindow();
+    m_transfer.CloseAndQuit();
+    m_pointer.Normal();
 }
 
 void WordCommands::RestoreWindow() {

@@ -44,6 +44,7 @@ private:
     void TellSaved();
     void EndShown();
     void CleanUp();
+    void CancelSave();
     void RestoreWindow();
     void FocusActivePane();
     void TellFailure(const QString& text, const QString& title);

@@ -151,8 +151,10 @@ private Q_SLOTS:
         QCOMPARE(told.title, title);
         QCOMPARE(told.buttons, MessageButtons::Ok);
         QCOMPARE(desk.window.services.commonDialog.filesShown.size(), std::size_t(again ? 2 : 1));
-        // the cancel path ends the instance either way
+        // the cancel path ends the instance either way, once the caption is back
         QCOMPARE(desk.Word().calls, Commands()[3].calls);
+        QCOMPARE(desk.At(u"ActiveDocument.Close 0"_qs).caption, kHome);
+        QVERIFY(desk.At(u"ActiveDocument.Close 0"_qs).hourglass);
         QVERIFY(desk.IsAtRest());
         QVERIFY(!desk.State().DocumentSaved);
     }
