@@ -59,12 +59,15 @@ SaveError WriteInPlace(const QString& path, const QByteArray& source) {
         return SaveErrorFor(file.error(), path);
     const QByteArray old = file.readAll();
     file.seek(0);
-    auto error = WriteThrough(file, source);
+    const auto error = WriteThrough(file, source);
     if (error == QFileDevice::NoError && file.resize(source.size()))
         return SaveError::None;
+    // told by what the disk is like now, not once the old content has made room again
+    const SaveError told =
+        SaveErrorFor(error == QFileDevice::NoError ? QFileDevice::WriteError : error, path);
     file.seek(0);
     copy.setAutoRemove(WriteThrough(file, old) == QFileDevice::NoError && file.resize(old.size()));
-    return SaveErrorFor(error == QFileDevice::NoError ? QFileDevice::WriteError : error, path);
+    return told;
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <cstdlib>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,6 +32,27 @@ bool Run(const QString& program, const QStringList& arguments) {
     return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
            process.exitCode() == 0;
 }
+
+// While this lives, the process is that of an ordinary user, where it was the superuser's.
+class OrdinaryUser {
+public:
+    OrdinaryUser()
+        : m_wasSuperuser(::geteuid() == 0) {
+        constexpr uid_t kNobody = 65534;
+        if (m_wasSuperuser)
+            m_isOrdinary = ::setresuid(kNobody, kNobody, 0) == 0;
+    }
+    ~OrdinaryUser() {
+        if (m_wasSuperuser && ::setresuid(0, 0, 0) != 0)
+            std::abort(); // nothing that follows would be what it says
+    }
+    Q_DISABLE_COPY_MOVE(OrdinaryUser)
+    bool IsOrdinary() const { return m_isOrdinary; }
+
+private:
+    bool m_wasSuperuser;
+    bool m_isOrdinary = true;
+};
 
 // A file system of 64 KB in a folder made for it. False where the machine lets us have none.
 bool Mount(const QString& folder) {
@@ -222,26 +244,31 @@ private Q_SLOTS:
     }
 
     void ARefusedFolderIsPermissionDenied() {
-        if (geteuid() == 0)
-            QSKIP("the superuser may write everywhere");
+        const OrdinaryUser user;
         QTemporaryDir folder;
+        if (!folder.isValid() || !user.IsOrdinary())
+            QSKIP("this user may write everywhere or nowhere");
         QVERIFY(::chmod(folder.path().toLocal8Bit().constData(), 0500) == 0);
         RichTextBox box;
         box.setText(QStringLiteral("a"));
         QCOMPARE(box.SaveFile(folder.filePath(QStringLiteral("a.rtf"))), 70);
         ::chmod(folder.path().toLocal8Bit().constData(), 0700);
+        QVERIFY(QDir(folder.path()).isEmpty());
     }
 
     void AReadOnlyFileIsPermissionDenied() {
-        if (geteuid() == 0)
-            QSKIP("the superuser may write everywhere");
-        const QString path = Path("readonly.rtf");
+        const OrdinaryUser user;
+        QTemporaryDir folder;
+        if (!folder.isValid() || !user.IsOrdinary())
+            QSKIP("this user may write everywhere or nowhere");
+        const QString path = folder.filePath(QStringLiteral("readonly.rtf"));
         Write(path, "x");
         QVERIFY(QFile::setPermissions(path, QFileDevice::ReadOwner));
         RichTextBox box;
         box.setText(QStringLiteral("a"));
         QCOMPARE(box.SaveFile(path), 70);
         QCOMPARE(Read(path), QByteArray("x"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     }
 
     // A file system of 64 KB of its own, where the machine lets us have one.
@@ -271,6 +298,29 @@ private Q_SLOTS:
         QCOMPARE(buffered, 61);
         QCOMPARE(afterBuffered, before);
         QCOMPARE(files, QStringList(QStringLiteral("a.rtf")));
+    }
+
+    void AFileOfTwoNamesStaysAsItIsOnAFullDisk() {
+        const QString disk = Path("twice");
+        if (!Mount(disk))
+            QSKIP("no file system can be mounted here");
+        const QString path = disk + QStringLiteral("/a.rtf");
+        Write(path, "old");
+        const bool linked = ::link(QFile::encodeName(path).constData(),
+                                   QFile::encodeName(disk + QStringLiteral("/b.rtf")).constData()) == 0;
+        RichTextBox box;
+        QList<int> numbers;
+        for (const int size : {200'000, 40'000}) { // no room for the copy; room for that, and no more
+            box.setText(QString(size, u'x'));
+            numbers.append(box.SaveFile(path));
+        }
+        const QByteArray after = Read(path);
+        const auto files = QDir(disk).entryList(QDir::Files | QDir::Hidden);
+        QVERIFY(Run(QStringLiteral("umount"), {disk}));
+        QVERIFY(linked);
+        QCOMPARE(numbers, (QList<int>{61, 61}));
+        QCOMPARE(after, QByteArray("old"));
+        QCOMPARE(files, (QStringList{QStringLiteral("a.rtf"), QStringLiteral("b.rtf")}));
     }
 
     void AReadOnlyDiskIsToldAndLeavesTheOldFile() {
