@@ -53,6 +53,7 @@ private Q_SLOTS:
                           {control->width() - 4, control->height() / 2});
         QMenu* popUp = window->menuTree->Menu(menu);
         QTRY_VERIFY(popUp->isVisible());
+        QCOMPARE(popUp->pos(), control->mapToGlobal(QPoint(4, control->height() + 4))); // 60 twips each
         QCOMPARE(clicks.size(), 0);
         popUp->close();
     }
