@@ -9,6 +9,10 @@ namespace {
 // Keys that come while an answer is waited for go to the next finding.
 constexpr WaitingInput kInput = WaitingInput::Kept;
 
+// Asked for in one go. A long text is asked for piece by piece, so that each answer comes soon.
+constexpr int kParagraphsAtOnce = 200;
+constexpr int kWordsAtOnce = 200;
+
 struct Sentence {
     int start;
     QString text;
@@ -31,9 +35,17 @@ OfficeProofreading::OfficeProofreading(OfficeInstance& instance, WordList& words
     : m_instance(instance)
     , m_words(words)
     , m_checksGrammar(checksGrammar) {
-    const auto paragraphs =
-        m_instance.Call([](WriterSession& session) { return session.Paragraphs(); }, kUserPatience, kInput);
-    m_paragraphs = paragraphs.value_or(std::nullopt).value_or(QStringList());
+    for (;;) {
+        const auto next = m_instance.Call(
+            [isFirst = m_paragraphs.isEmpty()](WriterSession& session) {
+                return session.NextParagraphs(isFirst, kParagraphsAtOnce);
+            },
+            kOfficePatience, kInput);
+        const QStringList paragraphs = next.value_or(std::nullopt).value_or(QStringList());
+        m_paragraphs += paragraphs;
+        if (paragraphs.size() < kParagraphsAtOnce)
+            return;
+    }
 }
 
 bool OfficeProofreading::Replace(int index, int start, int length, const QString& text) {
@@ -50,11 +62,14 @@ bool OfficeProofreading::Replace(int index, int start, int length, const QString
 
 QStringList OfficeProofreading::Misspelt(const QStringList& words) {
     const QStringList unknown = m_words.Without(words);
-    if (unknown.isEmpty())
-        return {};
-    const auto wrong = m_instance.Call(
-        [unknown](WriterSession& session) { return session.Misspelt(unknown); }, kOfficePatience, kInput);
-    return wrong.value_or(std::nullopt).value_or(QStringList());
+    QStringList wrong;
+    for (int first = 0; first < unknown.size(); first += kWordsAtOnce) {
+        const auto found = m_instance.Call([some = unknown.mid(first, kWordsAtOnce)](
+                                               WriterSession& session) { return session.Misspelt(some); },
+                                           kOfficePatience, kInput);
+        wrong += found.value_or(std::nullopt).value_or(QStringList());
+    }
+    return wrong;
 }
 
 QStringList OfficeProofreading::Suggestions(const QString& word) {
@@ -66,19 +81,17 @@ QStringList OfficeProofreading::Suggestions(const QString& word) {
 std::vector<Finding> OfficeProofreading::CheckGrammar(const QString& paragraph) {
     if (!m_checksGrammar || paragraph.trimmed().isEmpty())
         return {};
-    const std::vector<Sentence> sentences = SentencesOf(paragraph);
-    const auto found = m_instance.Call(
-        [sentences](WriterSession& session) {
-            std::vector<Finding> all;
-            for (const Sentence& sentence : sentences)
-                for (Finding finding : session.CheckGrammar(sentence.text).value_or(std::vector<Finding>())) {
-                    finding.start += sentence.start;
-                    all.push_back(finding);
-                }
-            return all;
-        },
-        kOfficePatience, kInput);
-    return found.value_or(std::vector<Finding>());
+    std::vector<Finding> all;
+    for (const Sentence& sentence : SentencesOf(paragraph)) {
+        const auto found = m_instance.Call(
+            [text = sentence.text](WriterSession& session) { return session.CheckGrammar(text); },
+            kOfficePatience, kInput);
+        for (Finding finding : found.value_or(std::nullopt).value_or(std::vector<Finding>())) {
+            finding.start += sentence.start;
+            all.push_back(finding);
+        }
+    }
+    return all;
 }
 
 } // namespace platform

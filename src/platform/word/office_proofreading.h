@@ -15,6 +15,7 @@ public:
     int ParagraphCount() override { return int(m_paragraphs.size()); }
     QString Paragraph(int index) override { return m_paragraphs.value(index); }
     bool Replace(int index, int start, int length, const QString& text) override;
+    bool IsOpen() override { return m_instance.IsAlive(); }
 
     QStringList Misspelt(const QStringList& words) override;
     QStringList Suggestions(const QString& word) override;

@@ -38,7 +38,7 @@ public:
         for (int i = 0; i < m_document.ParagraphCount(); ++i)
             if (!RunParagraph(i))
                 return false;
-        return true;
+        return m_document.IsOpen();
     }
 
 private:
@@ -51,7 +51,7 @@ private:
             ProofreadingReply reply;
             if (m_changes.contains(piece))
                 reply = {ProofreadingAnswer::Change, m_changes.value(piece)};
-            else
+            else if (m_document.IsOpen())
                 reply = m_user.Ask(text, *finding);
             switch (reply.answer) {
             case ProofreadingAnswer::Cancel:

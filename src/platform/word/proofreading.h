@@ -38,6 +38,8 @@ public:
     virtual QString Paragraph(int index) = 0;
     // The new text has the format of what it replaces. False when the document refuses.
     virtual bool Replace(int index, int start, int length, const QString& text) = 0;
+    // False when it is there no more: nothing can be changed from then on.
+    virtual bool IsOpen() = 0;
 };
 
 enum class ProofreadingAnswer { Ignore, IgnoreAll, Change, ChangeAll, AddToDictionary, Cancel };
@@ -67,7 +69,8 @@ struct TextWord {
 std::vector<TextWord> WordsToJudge(const QString& paragraph);
 
 // Goes through the document from its start. What is ignored or changed everywhere, and what the dictionary
-// learns, is not asked for again. False when the user ended it before the end; his changes stay.
+// learns, is not asked for again. False when the user ended it before the end, his changes stay; and when the
+// document went meanwhile.
 bool Proofread(ProofreadDocument& document, ProofreadingEngine& engine, ProofreadingUser& user);
 
 } // namespace platform

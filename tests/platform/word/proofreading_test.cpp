@@ -2,6 +2,7 @@
 
 #include <QtTest>
 #include <deque>
+#include <functional>
 
 using namespace platform;
 
@@ -19,8 +20,10 @@ public:
         paragraphs[index].replace(start, length, text);
         return true;
     }
+    bool IsOpen() override { return isOpen; }
     QStringList paragraphs;
     bool locked = false;
+    bool isOpen = true;
 };
 
 class Dictionary final : public ProofreadingEngine {
@@ -57,6 +60,8 @@ public:
         asked.append(paragraph.mid(finding.start, finding.length));
         messages.append(finding.message);
         suggestions.append(finding.suggestions.join(u','));
+        if (onAsk)
+            onAsk();
         if (replies.empty())
             return {ProofreadingAnswer::Ignore, {}};
         const ProofreadingReply reply = replies.front();
@@ -64,6 +69,7 @@ public:
         return reply;
     }
     std::deque<ProofreadingReply> replies;
+    std::function<void()> onAsk;
     QStringList asked;
     QStringList messages;
     QStringList suggestions;
@@ -80,10 +86,7 @@ class ProofreadingTest : public QObject {
 private Q_SLOTS:
     void init() {
         m_dictionary = {};
-        m_user.replies.clear();
-        m_user.asked.clear();
-        m_user.messages.clear();
-        m_user.suggestions.clear();
+        m_user = {};
     }
 
     void WordsAreThoseThatADictionaryCanJudge_data() {
@@ -188,6 +191,13 @@ private Q_SLOTS:
         m_user.replies = {{ProofreadingAnswer::IgnoreAll, {}}};
         Proofread(text, m_dictionary, m_user);
         QCOMPARE(m_user.asked.size(), 1);
+    }
+
+    void NothingIsAskedAboutADocumentThatIsGone() {
+        Text text({u"dede sael"_qs, u"salle"_qs});
+        m_user.onAsk = [&text] { text.isOpen = false; };
+        QVERIFY(!Proofread(text, m_dictionary, m_user));
+        QCOMPARE(m_user.asked, QStringList{u"dede"_qs});
     }
 
     void ADocumentThatRefusesAChangeIsGoneThroughAllTheSame() {

@@ -190,6 +190,7 @@ private Q_SLOTS:
             QElapsedTimer timer;
             timer.start();
             desk.Check();
+            QCOMPARE(answers.doubted, QStringList{u"biulding"_qs}); // nothing more is asked for nothing
             QCOMPARE(desk.Text().trimmed(), u"The biulding and the dilivery."_qs);
             QVERIFY(desk.IsAtRest());
             QVERIFY(m_writer->HasNoProcesses());
@@ -198,6 +199,31 @@ private Q_SLOTS:
         Answers second({Change, Change});
         desk.Check();
         QCOMPARE(desk.Text().trimmed(), u"The building and the delivery."_qs);
+    }
+
+    void TheWordsOfTheFieldAreKnown() {
+        Desk desk(*m_writer);
+        m_writer->Service().SetWords(platform::WordsOfFile(u":/words/legal.txt"_qs), QString());
+        desk.Load("{\\rtf1\\ansi The affiant, the jurat, certiorari and mandamus; estafa, affreightment and "
+                  "notarized jurats; biulding.\\par}");
+        Answers answers({});
+        desk.Check();
+        QCOMPARE(answers.doubted, QStringList{u"biulding"_qs});
+    }
+
+    // Piece by piece, as no answer may take long.
+    void ALongTextIsGoneThroughToItsEnd() {
+        Desk desk(*m_writer);
+        QByteArray source = "{\\rtf1\\ansi ";
+        for (int i = 0; i < 5000; ++i)
+            source += "The deed.\\par ";
+        for (int i = 0; i < 600; ++i)
+            source += "It is the deed of the seller. ";
+        desk.Load((source + "The biulding.\\par}").constData());
+        Answers answers({Change});
+        desk.Check();
+        QCOMPARE(answers.doubted, QStringList{u"biulding"_qs});
+        QVERIFY(desk.Text().trimmed().endsWith(u"The building."_qs));
     }
 
     void GrammarIsCheckedToo() {

@@ -35,24 +35,6 @@ QStringList FromUno(const css::uno::Sequence<rtl::OUString>& texts) {
     return list;
 }
 
-// Adds the paragraphs of a text, those of its tables' cells included.
-void CollectParagraphs(const Reference<css::text::XText>& text,
-                       std::vector<Reference<css::text::XTextRange>>& paragraphs) {
-    const Reference<css::container::XEnumerationAccess> access(text, UNO_QUERY_THROW);
-    const Reference<css::container::XEnumeration> parts = access->createEnumeration();
-    while (parts->hasMoreElements()) {
-        const Any part = parts->nextElement();
-        const Reference<css::text::XTextTable> table(part, UNO_QUERY);
-        if (!table.is()) {
-            paragraphs.push_back(Reference<css::text::XTextRange>(part, UNO_QUERY_THROW));
-            continue;
-        }
-        for (const rtl::OUString& name : table->getCellNames())
-            CollectParagraphs(Reference<css::text::XText>(table->getCellByName(name), UNO_QUERY_THROW),
-                              paragraphs);
-    }
-}
-
 // A cursor takes only steps of 16 bits.
 void GoRight(const Reference<css::text::XTextCursor>& cursor, sal_Int32 count, bool expand) {
     constexpr sal_Int32 kLongestStep = std::numeric_limits<sal_Int16>::max();
@@ -81,15 +63,50 @@ Finding FindingOf(const SingleProofreadingError& error) {
 
 } // namespace
 
-std::optional<QStringList> UnoWriterSession::Paragraphs() {
+void UnoWriterSession::Read(const Reference<css::text::XText>& text) {
+    m_unread.push_back(
+        Reference<css::container::XEnumerationAccess>(text, UNO_QUERY_THROW)->createEnumeration());
+}
+
+// Adds the next part of what is unread to the paragraphs, or, where that is a table, its cells to what is
+// unread. False at the end.
+bool UnoWriterSession::ReadOn() {
+    if (m_unread.empty())
+        return false;
+    const Reference<css::container::XEnumeration> parts = m_unread.back();
+    if (!parts->hasMoreElements()) {
+        m_unread.pop_back();
+        return true;
+    }
+    const Any part = parts->nextElement();
+    const Reference<css::text::XTextTable> table(part, UNO_QUERY);
+    if (!table.is()) {
+        m_paragraphs.push_back(Reference<css::text::XTextRange>(part, UNO_QUERY_THROW));
+        return true;
+    }
+    const css::uno::Sequence<rtl::OUString> cells = table->getCellNames();
+    for (sal_Int32 i = cells.getLength(); i-- > 0;)
+        Read(Reference<css::text::XText>(table->getCellByName(cells[i]), UNO_QUERY_THROW));
+    return true;
+}
+
+std::optional<QStringList> UnoWriterSession::NextParagraphs(bool isFirst, int most) {
     QStringList texts;
     const bool read = Succeeds([&] {
-        m_paragraphs.clear();
         if (!m_document.is())
             return false;
-        CollectParagraphs(m_document->getText(), m_paragraphs);
-        for (const auto& paragraph : m_paragraphs)
-            texts.append(FromUno(paragraph->getString()));
+        if (isFirst) {
+            m_paragraphs.clear();
+            m_unread.clear();
+            Read(m_document->getText());
+        }
+        while (texts.size() < most) {
+            const std::size_t known = m_paragraphs.size();
+            if (!ReadOn())
+                break;
+            if (m_paragraphs.size() > known)
+                texts.append(FromUno(m_paragraphs.back()->getString()));
+        }
         return true;
     });
     return read ? std::optional(texts) : std::nullopt;

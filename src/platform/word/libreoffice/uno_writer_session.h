@@ -6,6 +6,7 @@
 #include <chrono>
 #include <com/sun/star/awt/XWindow.hpp>
 #include <com/sun/star/beans/XPropertySet.hpp>
+#include <com/sun/star/container/XEnumeration.hpp>
 #include <com/sun/star/frame/XController2.hpp>
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/frame/XFrame.hpp>
@@ -50,7 +51,7 @@ public:
     bool ShowFullPage() override;
     PreviewProgress PreviewingProgress() override;
 
-    std::optional<QStringList> Paragraphs() override;
+    std::optional<QStringList> NextParagraphs(bool isFirst, int most) override;
     bool ReplaceInParagraph(int index, int start, const QString& old, const QString& text) override;
     std::optional<QStringList> Misspelt(const QStringList& words) override;
     std::optional<QStringList> Suggestions(const QString& word) override;
@@ -69,6 +70,8 @@ private:
     css::uno::Reference<css::linguistic2::XSpellChecker> SpellChecker();
     css::uno::Reference<css::linguistic2::XProofreader> Proofreader();
     bool IsInPreview() const;
+    void Read(const css::uno::Reference<css::text::XText>& text);
+    bool ReadOn();
     bool Dispatch(const char* command, const css::uno::Sequence<css::beans::PropertyValue>& arguments = {});
     bool SetStyleLength(const Style& style, PageLength length, sal_Int32 hundredths) const;
 
@@ -76,7 +79,9 @@ private:
     css::uno::Reference<css::frame::XDesktop2> m_desktop;
     css::uno::Reference<css::text::XTextDocument> m_document;             // the active one
     css::uno::Reference<css::frame::XFrame> m_frame;                      // its frame
-    std::vector<css::uno::Reference<css::text::XTextRange>> m_paragraphs; // as they were last asked for
+    std::vector<css::uno::Reference<css::text::XTextRange>> m_paragraphs; // that were given
+    // what is left of the text, and of the cells that stand before it; the last one comes first
+    std::vector<css::uno::Reference<css::container::XEnumeration>> m_unread;
     css::uno::Reference<css::linguistic2::XSpellChecker> m_spellChecker;
     css::uno::Reference<css::linguistic2::XProofreader> m_proofreader;
     bool m_soughtProofreader = false;

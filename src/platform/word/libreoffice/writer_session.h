@@ -48,7 +48,7 @@ public:
     // Refuses what gives no page that can be written on.
     virtual bool SetPageLength(PageLength length, float points) = 0;
 
-    // Brings up the print dialog. ask PrintingProgress until it is no longer Busy.
+    // Brings up the print dialog. Ask PrintingProgress until it is no longer Busy.
     virtual bool StartPrinting() = 0;
     virtual PrintProgress PrintingProgress() = 0;
 
@@ -57,8 +57,10 @@ public:
     virtual PreviewProgress PreviewingProgress() = 0;
 
     // For a check of spelling and grammar of American English.
-    virtual std::optional<QStringList> Paragraphs() = 0; // of the text and its tables
-    // Replaces a piece of one of those; the new text has the format of the old one.
+    // The next paragraphs of the text and its tables, at most so many; none at the end. `isFirst` begins
+    // anew.
+    virtual std::optional<QStringList> NextParagraphs(bool isFirst, int most) = 0;
+    // Replaces a piece of one of those, which count from 0; the new text has the format of the old one.
     virtual bool ReplaceInParagraph(int index, int start, const QString& old, const QString& text) = 0;
     virtual std::optional<QStringList> Misspelt(const QStringList& words) = 0;
     virtual std::optional<QStringList> Suggestions(const QString& word) = 0;
