@@ -36,14 +36,12 @@ void RealWriter::Restart() {
     m_service = std::make_unique<platform::WordProcessor>(QStringLiteral(QUILLBROOK_BINARY_DIR), Pool());
 }
 
-void RealWriter::Crash() {
-    // what the next process sees: owners that are no more
-    const QDir pool(Pool());
-    for (const QString& name : pool.entryList({QStringLiteral("*.owner")})) {
-        QFile owner(pool.filePath(name));
-        if (owner.open(QIODevice::WriteOnly))
-            owner.write("999999999 1");
-    }
+bool RealWriter::InstallPrinter(const QString& file) const {
+    const QString folder = Pool() + QStringLiteral("/0/user/psprint");
+    QFile printers(folder + QStringLiteral("/psprint.conf"));
+    return QDir().mkpath(folder) && printers.open(QIODevice::WriteOnly) &&
+           printers.write("[Test]\nPrinter=SGENPRT/Test\nDefaultPrinter=1\nCommand=cat >'" +
+                          QFile::encodeName(file) + "'\n") > 0;
 }
 
 std::vector<pid_t> RealWriter::ProcessesOf(const QString& folder) {

@@ -21,8 +21,8 @@ public:
     platform::WordProcessor& Service() { return *m_service; }
     // As when the program ends, and starts again.
     void Restart();
-    // As when the program crashes: its instances stay, and nobody looks after them.
-    void Crash();
+    // Gives the first profile a printer that writes its job to the file. Before the first instance.
+    bool InstallPrinter(const QString& file) const;
 
     QString Pool() const { return m_folder.filePath(QStringLiteral("pool")); }
     // The processes of its instances.

@@ -1,6 +1,9 @@
 #include "platform/word/office_instance.h"
 
 #include <QUuid>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
 #include <thread>
 
 namespace platform {
@@ -10,29 +13,44 @@ namespace {
 constexpr auto kStartPatience = std::chrono::seconds(30); // for one that makes progress
 constexpr auto kQuitPatience = std::chrono::seconds(5);
 constexpr auto kConnectPause = std::chrono::milliseconds(25);
+constexpr auto kLookPause = std::chrono::milliseconds(250);
 
-// Tries until the instance answers, has ended, or has made no progress for a while.
-bool ConnectWhileItStarts(WriterSession& session, const OfficeProcess& process, const QString& pipe) {
-    using Clock = std::chrono::steady_clock;
-    const auto start = Clock::now();
-    auto lastProgress = start;
-    auto nextLook = start + std::chrono::seconds(1);
-    qint64 used = 0;
-    while (!session.Connect(pipe)) {
-        const auto now = Clock::now();
-        if (now >= nextLook) {
-            const qint64 usedNow = process.ProcessorTime();
+// While this lives, a process that is starting is ended when it makes no progress, and `hangs` is set. It has
+// a thread of its own, as an attempt to reach one that hangs may not return before.
+class StartWatch {
+public:
+    StartWatch(OfficeProcess& process, std::atomic<bool>& hangs)
+        : m_process(process)
+        , m_hangs(hangs)
+        , m_thread([this](const std::stop_token& stop) { Watch(stop); }) {}
+
+private:
+    void Watch(const std::stop_token& stop) {
+        using Clock = std::chrono::steady_clock;
+        const auto start = Clock::now();
+        auto lastProgress = start;
+        qint64 used = 0;
+        std::unique_lock lock(m_mutex);
+        while (!m_stopped.wait_for(lock, stop, kLookPause, [&stop] { return stop.stop_requested(); })) {
+            const auto now = Clock::now();
+            const qint64 usedNow = m_process.ProcessorTime();
             if (usedNow > used)
                 lastProgress = now;
             used = usedNow;
-            nextLook = now + std::chrono::seconds(1);
+            if (now - lastProgress > kOfficePatience - kLookPause || now - start > kStartPatience) {
+                m_hangs = true;
+                m_process.Kill();
+                return;
+            }
         }
-        if (process.HasEnded() || now - lastProgress > kOfficePatience || now - start > kStartPatience)
-            return false;
-        std::this_thread::sleep_for(kConnectPause);
     }
-    return true;
-}
+
+    OfficeProcess& m_process;
+    std::atomic<bool>& m_hangs;
+    std::mutex m_mutex;
+    std::condition_variable_any m_stopped;
+    std::jthread m_thread; // last, as it uses the others
+};
 
 } // namespace
 
@@ -65,21 +83,31 @@ std::unique_ptr<OfficeInstance> OfficeInstance::Start(const QByteArray& program,
             return nullptr;
         std::unique_ptr<OfficeInstance> instance(new OfficeInstance(
             std::move(profile), std::move(process), std::unique_ptr<WriterSession>(createSession())));
-        if (instance->Connect(pipe))
+        const Reached reached = instance->Connect(pipe);
+        if (reached == Reached::Yes)
             return instance;
-        const bool endedByItself = instance->m_process->HasEnded();
         instance->Kill();
-        if (isNew || !endedByItself)
+        if (isNew || reached == Reached::Hangs)
             return nullptr;
     }
     return nullptr;
 }
 
-bool OfficeInstance::Connect(const QString& pipe) {
-    return Call([process = m_process,
-                 pipe](WriterSession& session) { return ConnectWhileItStarts(session, *process, pipe); },
-                kStartPatience + kOfficePatience)
-        .value_or(false);
+// Tries until the instance answers or has ended.
+OfficeInstance::Reached OfficeInstance::Connect(const QString& pipe) {
+    const auto hangs = std::make_shared<std::atomic<bool>>(false);
+    const auto attempt = [process = m_process, hangs, pipe](WriterSession& session) {
+        const StartWatch watch(*process, *hangs);
+        while (!session.Connect(pipe)) {
+            if (*hangs || process->HasEnded())
+                return false;
+            std::this_thread::sleep_for(kConnectPause);
+        }
+        return true;
+    };
+    if (Call(attempt, kStartPatience + kOfficePatience).value_or(false))
+        return Reached::Yes;
+    return *hangs ? Reached::Hangs : Reached::Ended;
 }
 
 OfficeInstance::~OfficeInstance() {

@@ -9,8 +9,9 @@
 
 namespace platform {
 
-// The time in which LibreOffice has to answer where no user is waited for.
-constexpr std::chrono::milliseconds kOfficePatience = std::chrono::seconds(10);
+// The time in which LibreOffice has to answer where no user is waited for: a command whose call hangs is to
+// end within ten seconds.
+constexpr std::chrono::milliseconds kOfficePatience = std::chrono::seconds(9);
 // The same while a dialog or a preview is open: it may be busy with the user's orders.
 constexpr std::chrono::milliseconds kUserPatience = std::chrono::seconds(60);
 
@@ -46,7 +47,8 @@ public:
 private:
     OfficeInstance(std::unique_ptr<OfficeProfile> profile, std::unique_ptr<OfficeProcess> process,
                    std::unique_ptr<WriterSession> session);
-    bool Connect(const QString& pipe);
+    enum class Reached { Yes, Ended, Hangs };
+    Reached Connect(const QString& pipe);
 
     std::unique_ptr<OfficeProfile> m_profile;
     std::shared_ptr<OfficeProcess> m_process; // shared with jobs that wait for its end

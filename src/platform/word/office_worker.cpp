@@ -82,6 +82,7 @@ bool OfficeWorker::Run(Job job, std::chrono::milliseconds patience, const std::f
     const auto wait = [&](std::chrono::milliseconds most) {
         QTimer timer;
         timer.setSingleShot(true);
+        timer.setTimerType(Qt::PreciseTimer);
         QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
         timer.start(most);
         while (!isDone() && timer.isActive())

@@ -1,10 +1,9 @@
-// A LibreOffice that dies or hangs in the middle of a command, and what a crash of ours leaves of it.
-#include "platform/word/word_application.h"
-
+// What the commands do with a real LibreOffice that dies or hangs in the middle of them.
 #include "output/file_commands.h"
 #include "output/print_commands.h"
+#include "output/spelling_command.h"
 #include "output/word_commands.h"
-#include "platform/word/word_clipboard.h"
+#include "platform/rich_text/rich_text_box.h"
 #include "tests/support/writer_desk.h"
 
 #include <QtTest>
@@ -13,13 +12,101 @@
 
 using namespace quillbrook;
 
+namespace {
+
+const QString kNotSaved = u"Error in saving file!   \n"_qs;
+const QString kChecked = u"Spell & Grammar Check completed!   "_qs;
+
+// The window with a form on its edit page, and a folder with a document.
+struct Desk {
+    explicit Desk(platform::WordProcessorService& word) {
+        window.services.wordProcessor.real = &word;
+        window->SetTab(Tab::EditForm);
+        window->txtContent()->setTextRTF(QByteArray("{\\rtf1\\ansi Deed of Sale\\par}"));
+        QFile document(Path(u"old.doc"_qs)); // the word processor goes by what is in it
+        hasDocument = document.open(QIODevice::WriteOnly) && document.write("{\\rtf1 An old deed\\par}") > 0;
+        QGuiApplication::clipboard()->clear();
+    }
+
+    QString Path(const QString& name) const { return folder.filePath(name); }
+    void Run(const QString& command) {
+        auto& files = window.services.commonDialog.files;
+        if (command == u"export") {
+            window->wordCommands->ExportPane();
+        } else if (command == u"print") {
+            window->printCommands->Print();
+        } else if (command == u"preview") {
+            window->printCommands->PrintPreview();
+        } else if (command == u"save") {
+            files = {Path(u"new.doc"_qs)};
+            window->wordCommands->SaveAsMSDoc();
+        } else if (command == u"open") {
+            files = {Path(u"old.doc"_qs)};
+            window->fileCommands->Open();
+        } else if (command == u"check") {
+            window->spellingCommand->CheckSpelling();
+        }
+    }
+    // All that was told, one a line.
+    QString Told() const {
+        QString told;
+        for (const auto& message : window.services.messageBox.shown)
+            told += message.text;
+        return told;
+    }
+    bool IsAtRest(const QString& caption = kHome) {
+        return window->windowTitle() == caption && !QGuiApplication::overrideCursor() &&
+               !window->Variables().WordApp;
+    }
+
+    QTemporaryDir folder;
+    TestWindow window;
+    bool hasDocument = false;
+};
+
+// What the user is told when the command's word processor is gone from a call on.
+QString ToldAfter(const QString& command, const QString& call) {
+    if (command == u"save")
+        return call == u"Quit" ? u"Form successfully saved as:   \nnew.doc   "_qs : kNotSaved;
+    if (command == u"open")
+        return u"An error occured while opening old.doc.   "_qs;
+    return command == u"check" ? kChecked : QString();
+}
+
+} // namespace
+
 class WriterAccidentsTest : public QObject {
     Q_OBJECT
 
     std::unique_ptr<RealWriter> m_writer;
-    QTemporaryDir m_folder;
 
-    QString Path(const QString& name) const { return m_folder.filePath(name); }
+    // The command ends as it is to end without a word processor, and nothing is left of that one.
+    void AnAccidentEndsTheCommand(int signal, int longest) {
+        QFETCH(QString, command);
+        QFETCH(QString, call);
+        QElapsedTimer since;
+        Accident accident(*m_writer, call, [&] {
+            m_writer->Signal(signal);
+            since.start();
+        });
+        Desk desk(accident);
+        QVERIFY(desk.hasDocument);
+        desk.Run(command);
+        const qint64 taken = since.isValid() ? since.elapsed() : 0;
+        QVERIFY(accident.Happened());
+        QVERIFY2(taken < longest, qPrintable(QString::number(taken)));
+        QCOMPARE(desk.Told(), ToldAfter(command, call));
+        QVERIFY(desk.IsAtRest(command == u"open" ? u"Converting old.doc..."_qs : kHome));
+        QCOMPARE(desk.window->txtContent()->Text(), u"Deed of Sale"_qs);
+        QVERIFY(desk.window.services.printer.printed.isEmpty()); // nor the direct way
+        QCOMPARE(QFile::exists(desk.Path(u"new.doc"_qs)), command == u"save" && call == u"Quit");
+        QVERIFY(m_writer->HasNoProcesses());
+        QVERIFY(m_writer->HasNoLocks());
+    }
+    static void Columns() {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("call");
+    }
 
 private Q_SLOTS:
     void initTestCase() {
@@ -27,102 +114,82 @@ private Q_SLOTS:
             QSKIP(qPrintable(missing));
         QVERIFY2(qEnvironmentVariableIsSet("DISPLAY"), "a display is needed");
         m_writer = std::make_unique<RealWriter>();
-        WriterDesk desk(*m_writer);
-        desk.window.services.commonDialog.files = {Path(u"deed.doc"_qs)};
-        desk.Commands().SaveAsMSDoc(); // what is opened below
-        QVERIFY(QFile::exists(Path(u"deed.doc"_qs)));
     }
     void cleanupTestCase() { m_writer.reset(); }
 
     void KillingItEndsTheCommand_data() {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("call");
+        Columns();
         QTest::newRow("export, at the paste") << u"export"_qs << u"Paste"_qs;
+        QTest::newRow("export, when it comes to the front") << u"export"_qs << u"Activate"_qs;
         QTest::newRow("print, before the dialog") << u"print"_qs << u"Dialog"_qs;
-        QTest::newRow("print, in the dialog") << u"print"_qs << u"later"_qs;
-        QTest::newRow("preview, in the preview") << u"preview"_qs << u"PrintPreview"_qs;
+        QTest::newRow("preview, before it") << u"preview"_qs << u"StartPreview"_qs;
+        QTest::newRow("preview, in it") << u"preview"_qs << u"PrintPreview"_qs;
         QTest::newRow("save, at the page") << u"save"_qs << u"PageSetup"_qs;
+        QTest::newRow("save, at the file") << u"save"_qs << u"SaveAs"_qs;
         QTest::newRow("save, at the end") << u"save"_qs << u"Quit"_qs;
+        QTest::newRow("open, at the file") << u"open"_qs << u"Open"_qs;
         QTest::newRow("open, at the copy") << u"open"_qs << u"Copy"_qs;
+        QTest::newRow("check, at the check") << u"check"_qs << u"CheckGrammar"_qs;
+        QTest::newRow("check, at the cut") << u"check"_qs << u"Cut"_qs;
     }
-    void KillingItEndsTheCommand() {
-        QFETCH(QString, command);
-        QFETCH(QString, call);
-        WriterDesk desk(*m_writer);
-        QElapsedTimer since;
-        bool killed = false;
-        const auto kill = [&] {
-            m_writer->Signal(SIGKILL);
-            killed = true;
-            since.start();
-        };
-        Accident accident(*m_writer, call, kill);
-        desk.window.services.wordProcessor.real = &accident;
-        const Meanwhile later([&] {
-            if (call != u"later" || person::WindowNamed(u"^Print"_qs) == 0)
-                return false;
-            kill();
-            return true;
-        });
-        if (command == u"export") {
-            desk.Commands().ExportPane();
-        } else if (command == u"print") {
-            desk.window->printCommands->Print();
-        } else if (command == u"preview") {
-            desk.window->printCommands->PrintPreview();
-        } else if (command == u"save") {
-            desk.window.services.commonDialog.files = {Path(u"killed.doc"_qs)};
-            desk.Commands().SaveAsMSDoc();
-        } else {
-            QGuiApplication::clipboard()->clear();
-            desk.window.services.commonDialog.files = {Path(u"deed.doc"_qs)};
-            desk.window->fileCommands->Open();
-            QCOMPARE(desk.Messages().size(), std::size_t(1));
-            QVERIFY(desk.Messages()[0].text.startsWith(u"An error occured while opening"));
-            desk.window->SetCaption(kHome); // this one leaves its own
-        }
-        QVERIFY(killed);
-        QVERIFY2(since.elapsed() < 10'000, qPrintable(QString::number(since.elapsed())));
-        QVERIFY(desk.IsAtRest());
-        if (call == u"PageSetup") { // the error is told, and nothing is saved
-            QCOMPARE(desk.Messages().size(), std::size_t(1));
-            QCOMPARE(desk.Messages()[0].text, u"Error in saving file!   \n"_qs);
-            QVERIFY(!QFile::exists(Path(u"killed.doc"_qs)));
-        }
-        QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(m_writer->HasNoLocks());
-    }
+    void KillingItEndsTheCommand() { AnAccidentEndsTheCommand(SIGKILL, 5'000); }
 
-    void OneThatHangsIsEndedWithinTenSeconds() {
-        WriterDesk desk(*m_writer);
+    void OneThatHangsIsEndedWithinTenSeconds_data() {
+        Columns();
+        QTest::newRow("export") << u"export"_qs << u"Paste"_qs;
+        QTest::newRow("print") << u"print"_qs << u"Dialog"_qs;
+        QTest::newRow("preview") << u"preview"_qs << u"StartPreview"_qs;
+        QTest::newRow("save") << u"save"_qs << u"SaveAs"_qs;
+        QTest::newRow("save, at the end") << u"save"_qs << u"Quit"_qs;
+        QTest::newRow("open") << u"open"_qs << u"Open"_qs;
+        QTest::newRow("check") << u"check"_qs << u"CheckGrammar"_qs;
+    }
+    void OneThatHangsIsEndedWithinTenSeconds() { AnAccidentEndsTheCommand(SIGSTOP, 10'000); }
+
+    void OneThatHangsWhileItStartsIsEndedWithinTenSeconds_data() {
+        QTest::addColumn<int>("milliseconds"); // after its start
+        QTest::newRow("at once") << 0;
+        QTest::newRow("later") << 250;
+    }
+    void OneThatHangsWhileItStartsIsEndedWithinTenSeconds() {
+        QFETCH(int, milliseconds);
+        Desk desk(m_writer->Service());
         QElapsedTimer since;
-        Accident accident(*m_writer, u"WholeStory"_qs, [&] {
+        const Meanwhile halt([&, start = QElapsedTimer()]() mutable {
+            if (m_writer->Processes().empty())
+                return false;
+            if (!start.isValid())
+                start.start();
+            if (start.elapsed() < milliseconds)
+                return false;
             m_writer->Signal(SIGSTOP);
             since.start();
+            return true;
         });
-        desk.window.services.wordProcessor.real = &accident;
-        desk.window.services.commonDialog.files = {Path(u"hung.doc"_qs)};
-        desk.Commands().SaveAsMSDoc();
-        QVERIFY(accident.Happened());
-        QVERIFY2(since.elapsed() < 11'000, qPrintable(QString::number(since.elapsed())));
-        QCOMPARE(desk.Messages().size(), std::size_t(1));
-        QCOMPARE(desk.Messages()[0].text, u"Error in saving file!   \n"_qs);
+        desk.Run(u"export"_qs);
+        QVERIFY(halt.HasActed());
+        QVERIFY2(since.elapsed() < 10'000, qPrintable(QString::number(since.elapsed())));
+        QVERIFY2(desk.Told().startsWith(u"An error occurred while exporting"), qPrintable(desk.Told()));
         QVERIFY(desk.IsAtRest());
         QVERIFY(m_writer->HasNoProcesses());
         QVERIFY(m_writer->HasNoLocks());
     }
 
-    void OrphansOfACrashAreEndedAtTheNextStart() {
-        auto word = m_writer->Service().CreateWordApplication(nullptr);
-        QVERIFY(word);
-        QVERIFY(word->DocumentsAdd());
-        m_writer->Crash();
-        QVERIFY(!m_writer->Processes().empty());
-        const platform::WordProcessor nextStart(QStringLiteral(QUILLBROOK_BINARY_DIR), m_writer->Pool());
+    void TheNextCommandWorksRightAfterAnAccident() {
+        bool killed = false;
+        Accident accident(*m_writer, u"Paste"_qs, [&] {
+            m_writer->Signal(SIGKILL);
+            killed = true;
+        });
+        Desk desk(accident);
+        desk.Run(u"save"_qs);
+        QVERIFY(killed);
+        QVERIFY(!QFile::exists(desk.Path(u"new.doc"_qs)));
+        desk.Run(u"save"_qs);
+        QVERIFY(QFile::exists(desk.Path(u"new.doc"_qs)));
+        desk.Run(u"open"_qs);
+        QCOMPARE(desk.window->txtContent()->Text().trimmed(), u"An old deed"_qs);
         QVERIFY(m_writer->HasNoProcesses());
-        QVERIFY(!word->SelectionPaste());
-        word.reset();
-        QVERIFY(m_writer->HasNoLocks());
     }
 };
 

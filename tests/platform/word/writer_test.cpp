@@ -239,6 +239,31 @@ private Q_SLOTS:
         QVERIFY(m_writer->HasNoLocks());
     }
 
+    void WhatIsConfirmedInThePrintDialogIsPrinted() {
+        RealWriter writer;
+        const QString job = Path(u"printed.pdf"_qs);
+        QVERIFY(writer.InstallPrinter(job));
+        WriterDesk desk(writer);
+        QVERIFY(desk.window.Show());
+        desk.window->Menu(u"mnuShortSize"_qs)->trigger();
+        const Meanwhile person([] { return person::Press(u"^Print"_qs, u"Return"_qs); });
+        desk.window->printCommands->Print();
+        QVERIFY(person.HasActed());
+        // it is all there when the command ends, on our page and with our text
+        const QByteArray facts = Run(u"pdfinfo"_qs, {job});
+        QVERIFY2(facts.contains("612 x 792 pts"), facts.constData());
+        QVERIFY2(QRegularExpression(u"Pages: +1\n"_qs).match(QString::fromLatin1(facts)).hasMatch(),
+                 facts.constData());
+        const QByteArray text = Run(u"pdftotext"_qs, {job, u"-"_qs});
+        QVERIFY2(text.startsWith("Deed of Sale\nKnow all men"), text.constData());
+        QVERIFY(desk.IsAtRest());
+        QVERIFY(desk.Messages().empty());
+        QVERIFY(desk.window.services.printer.printed.isEmpty());
+        QCOMPARE(QApplication::focusWidget(), desk.window->txtContent());
+        QVERIFY(writer.HasNoProcesses());
+        QVERIFY(writer.HasNoLocks());
+    }
+
     void TheWindowTakesNoInputWhileItWaits() {
         WriterDesk desk(*m_writer);
         QVERIFY(desk.window.Show());
@@ -281,6 +306,40 @@ private Q_SLOTS:
         QVERIFY(m_writer->HasNoProcesses());
         QVERIFY(m_writer->HasNoLocks());
         QCOMPARE(QApplication::focusWidget(), desk.window->txtContent());
+    }
+
+    // Its window would stay open then, without the document as it prints.
+    void LeavingThePreviewByItsCommandEndsItToo() {
+        WriterDesk desk(*m_writer);
+        const Meanwhile person([] { return person::Press(kWriterWindow, u"ctrl+shift+o"_qs); });
+        desk.window->printCommands->PrintPreview();
+        QVERIFY(person.HasActed());
+        QVERIFY(desk.IsAtRest());
+        QVERIFY(desk.Messages().empty());
+        QVERIFY(person::WindowNamed(kWriterWindow) == 0);
+        QVERIFY(m_writer->HasNoProcesses());
+    }
+
+    void ADocumentThatTheUserOpensInOursStaysHis() {
+        const QString own = u"^Untitled"_qs;
+        WriterDesk desk(*m_writer);
+        bool asked = false;
+        const Meanwhile person([&] {
+            if (!asked)
+                asked = person::Press(kWriterWindow, u"ctrl+n"_qs);
+            return person::WindowNamed(own) != 0 && person::Close(kWriterWindow);
+        });
+        desk.window->printCommands->PrintPreview();
+        QVERIFY(person.HasActed());
+        QVERIFY(desk.IsAtRest());
+        QVERIFY(person::WindowNamed(kWriterWindow) == 0);
+        m_writer->Restart(); // the program ends and starts again
+        QVERIFY(person::WindowNamed(own) != 0);
+        QVERIFY(person::Close(own));
+        QVERIFY(QTest::qWaitFor([&own] { return person::WindowNamed(own) == 0; }, 10'000));
+        if (person::WindowNamed(u"LibreOffice"_qs) != 0)
+            person::Close(u"LibreOffice"_qs);
+        QVERIFY(m_writer->HasNoProcesses());
     }
 
     void ExportLeavesTheDocumentWithTheUser() {
