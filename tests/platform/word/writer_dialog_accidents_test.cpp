@@ -39,9 +39,14 @@ private Q_SLOTS:
         WriterDesk desk(*m_writer);
         TestWindow& window = desk.window;
         QVERIFY(window.Show());
+        QElapsedTimer open;
         QElapsedTimer since;
         const Meanwhile accident([&] {
             if (person::WindowNamed(preview ? u"from Quillbrook"_qs : u"^Print"_qs) == 0)
+                return false;
+            if (!open.isValid())
+                open.start();
+            if (open.elapsed() < 1500) // the preview's window is there before the preview
                 return false;
             m_writer->Signal(signal);
             since.start();
