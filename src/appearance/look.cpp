@@ -50,7 +50,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
             border: none; border-left: 1px solid transparent; border-top-right-radius: 4px;
             border-bottom-right-radius: 4px; width: 15px; background: transparent;
         }
-        platform--MyButton::menu-button:hover { background: %2; }
+        platform--MyButton::menu-button:hover { border-left-color: %2; }
         platform--MyButton::menu-arrow { image: url(:/icons/drop-down.svg); width: 8px; height: 8px; }
         platform--MyButton[kind="large"] { padding: 1px; }
         platform--MyButton:disabled { color: %5; }
@@ -59,7 +59,12 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--MyButton[kind="plain"]:focus { border-color: %3; }
         platform--MyButton[kind="toggle"] { padding: 0px 4px; }
         platform--MyButton#btnImport { padding: 2px; }
-        platform--MyButton#btnMyForms { border-color: %2; padding: 1px 8px; }
+        platform--MyButton:checked:focus { border-color: %6; }
+        platform--MyButton#btnMyForms { background: %7; border-color: %2; padding: 1px 8px; }
+        platform--MyButton#btnMyForms:hover { background: %4; }
+        platform--MyButton#btnMyForms:focus { border-color: %3; }
+        platform--MyButton#btnMyForms:checked { background: %3; border-color: %3; color: white; }
+        platform--MyButton#btnMyForms:checked:focus { border-color: %6; }
         platform--MyButton#OKButton, platform--MyButton[default="true"] {
             background: %3; border-color: %3; color: white;
         }
@@ -89,6 +94,12 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--RichTextBox { background: %7; }
         platform--RichTextBox[edge="flat"] { border: 1px solid %2; border-radius: 2px; }
         platform--RichTextBox:focus { border-color: %3; }
+        platform--ComboBox { border: 1px solid %2; border-radius: 4px; background: %7; color: %6; padding-left: 3px; }
+        platform--ComboBox:focus { border-color: %3; }
+        platform--ComboBox QLineEdit { border: none; background: transparent; }
+        platform--ComboBox::drop-down { border: none; width: 18px; }
+        platform--ComboBox::drop-down:hover { background: %4; }
+        platform--ComboBox::down-arrow { image: url(:/icons/drop-down.svg); width: 9px; height: 9px; }
         QRadioButton { border: 1px solid transparent; border-radius: 4px; padding: 1px; }
         QRadioButton:focus { border-color: %3; }
         QFrame#fmeEditToolBar { background: %1; border: 1px solid %2; border-radius: 6px; }

@@ -6,7 +6,6 @@
 #include "platform/rich_text/rich_text_box.h"
 
 #include <QAction>
-#include <QScrollBar>
 
 namespace quillbrook {
 
@@ -57,18 +56,15 @@ void UndoCommands::Record(RichTextBox* box) {
     SetUndoEnabled(pane, controls.undo);
 }
 
-// Keeps the caret and the view about where they were: the whole text is replaced.
+// The caret goes to what changes, and the view follows it.
 void UndoCommands::Write(const Pane& pane, const PaneHistory::Replay& replay) {
     if (!replay.Entry())
         return;
-    const int caret = pane.box->SelStart();
-    const int scrolled = pane.box->verticalScrollBar()->value();
     if (replay.Entry()->IsEmpty())
         pane.box->setTextRTF(QString()); // a step that was never written
     else
         pane.box->setSnapshot(*replay.Entry());
-    pane.box->setSelStart(caret);
-    pane.box->verticalScrollBar()->setValue(scrolled);
+    pane.box->ensureCursorVisible();
     // the same text written again is no change that would show the controls' state
     const UndoControls controls = pane.history.Controls();
     SetRedoEnabled(pane, controls.redo);

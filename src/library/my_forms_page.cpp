@@ -39,7 +39,10 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     connect(lstMyTitle, &ListBox::Click, this, &MyFormsPage::MyTitleClick);
     connect(lstMyTitle, &ListBox::DoubleClick, this, &MyFormsPage::EditMyForm);
     connect(btnNew, &MyButton::Click, this, &MyFormsPage::StartNewMyForm);
-    connect(btnEdit, &MyButton::Click, this, &MyFormsPage::EditMyForm);
+    connect(btnEdit, &MyButton::Click, this, [this] {
+        EditMyForm();
+        SetFocus(txtMyTitle); // the button is gone, and the next one asks to save
+    });
     connect(btnAddNew, &MyButton::Click, this, &MyFormsPage::AddNewMyForm);
     connect(btnUpdate, &MyButton::Click, this, &MyFormsPage::UpdateMyForm);
     connect(btnCancelNew, &MyButton::Click, this, &MyFormsPage::CancelNewMyForm);
@@ -111,6 +114,13 @@ void MyFormsPage::BuildButtons(QWidget* page) {
         PlaceOnPage(button, kButtonsLeft, kTop + 2 + row * 28, kButtonWidth, 25);
         return button;
     };
+    btnNew = make(0, "btnNew", tr("New"), tr("Make New Form"), "new");
+    btnEdit = make(1, "btnEdit", tr("Edit"), tr("Edit Title & Category"), "edit");
+    btnAddNew = make(1, "btnAddNew", tr("Add"), tr("Add Form to the Collection"), "add");
+    btnUpdate = make(2, "btnUpdate", tr("Update"), tr("Update / Save Changes to the Current Form"), "update");
+    btnCancelNew = make(2, "btnCancelNew", tr("Cancel"), tr("Cancel New Form"), "cancel");
+    btnDelete = make(3, "btnDelete", tr("Delete"), tr("Delete Current Form from the Collection"), "delete");
+
     fmeImport = MakeFrame(page, "fmeImport", tr("From a File:"));
     PlaceOnPage(fmeImport, kImportLeft, kTop, kImportWidth, kHeight);
     btnImport = new MyButton(MyButton::Kind::Plain, fmeImport);
@@ -121,13 +131,6 @@ void MyFormsPage::BuildButtons(QWidget* page) {
     btnImport->setIconSize({32, 32});
     btnImport->setIcon(Picture(QStringLiteral("import")));
     btnImport->setGeometry(6, 22, kImportWidth - 12, kHeight - 28);
-
-    btnNew = make(0, "btnNew", tr("New"), tr("Make New Form"), "new");
-    btnEdit = make(1, "btnEdit", tr("Edit"), tr("Edit Title & Category"), "edit");
-    btnAddNew = make(1, "btnAddNew", tr("Add"), tr("Add Form to the Collection"), "add");
-    btnUpdate = make(2, "btnUpdate", tr("Update"), tr("Update / Save Changes to the Current Form"), "update");
-    btnCancelNew = make(2, "btnCancelNew", tr("Cancel"), tr("Cancel New Form"), "cancel");
-    btnDelete = make(3, "btnDelete", tr("Delete"), tr("Delete Current Form from the Collection"), "delete");
 }
 
 void MyFormsPage::Show(MyFormsMode mode) {

@@ -20,6 +20,7 @@
 #include "search/search_page.h"
 
 #include <QLabel>
+#include <QScrollBar>
 
 namespace quillbrook {
 
@@ -27,6 +28,8 @@ using platform::Height;
 using platform::SetHeight;
 using platform::SetTop;
 using platform::Top;
+
+constexpr int kLinesBelowAHit = 3;
 
 SearchCommands::SearchCommands(SearchPage& page, Workbench& workbench, WindowState& state,
                                PublicVariables& variables, LibraryStore& store, QObject* parent)
@@ -132,12 +135,22 @@ void SearchCommands::PreviousHit() {
     Select(m_hits.Previous(m_workbench.txtContent()->Text(), m_variables.CurrentSearchWord));
 }
 
+// A hit on the last line that is seen would have nothing below it to read.
+static void ShowWithContext(platform::RichTextBox& pane) {
+    pane.ensureCursorVisible();
+    const QRect hit = pane.cursorRect();
+    const int missing = hit.bottom() + kLinesBelowAHit * hit.height() - pane.viewport()->height();
+    if (missing > 0) // but the hit itself stays
+        pane.verticalScrollBar()->setValue(pane.verticalScrollBar()->value() +
+                                           std::min(missing, std::max(hit.top(), 0)));
+}
+
 void SearchCommands::Select(const HitSelection& hit) {
     platform::RichTextBox* pane = m_workbench.txtContent();
     if (hit.start)
         pane->setSelStart(*hit.start);
     pane->setSelLength(hit.length);
-    pane->ensureCursorVisible();
+    ShowWithContext(*pane);
 }
 
 } // namespace quillbrook

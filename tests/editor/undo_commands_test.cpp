@@ -2,6 +2,7 @@
 
 #include "editor/edit_tool_bar.h"
 #include "library/category_browser.h"
+#include "platform/controls/combo_box.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -56,6 +57,34 @@ private Q_SLOTS:
         Bar().btnRedo->click();
         QCOMPARE(Pane().Text(), u"abc"_qs);
         VerifyControls(true, false);
+    }
+
+    void TheBarShowsTheFormatAtTheCaretAfterwards() {
+        Pane().setTextRTF(u"{\\rtf1{\\b\\fs28 title\\par}{\\fs24 plain words\\par}}"_qs);
+        Pane().setSelStart(6);
+        Pane().setSelLength(5);
+        Bar().btnBold->click();
+        Pane().setSelStart(11); // in bold text now
+        QVERIFY(Bar().btnBold->Value());
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().SelStart(), 11);
+        QVERIFY(!Bar().btnBold->Value());
+    }
+
+    void UndoneAndRedoneChangesAreSeen() {
+        Pane().setText(u"a line of a long form\n"_qs.repeated(200));
+        Pane().setSelStart(0);
+        QTest::keyClicks(&Pane(), u"x"_qs);
+        Pane().verticalScrollBar()->setValue(Pane().verticalScrollBar()->maximum());
+        Pane().setSelStart(4000);
+        const auto sees = [&] { return Pane().viewport()->rect().contains(Pane().cursorRect()); };
+        Bar().btnUndo->click();
+        QCOMPARE(Pane().SelStart(), 0);
+        QVERIFY(sees());
+        Pane().setSelStart(4000);
+        Bar().btnRedo->click();
+        QCOMPARE(Pane().SelStart(), 1);
+        QVERIFY(sees());
     }
 
     void UndoBringsTheFormatBackExactly() {

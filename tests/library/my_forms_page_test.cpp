@@ -87,6 +87,8 @@ private Q_SLOTS:
             QTest::mouseClick(Pane().viewport(), Qt::LeftButton, Qt::NoModifier, {80, 40});
         }
         Verify(MyFormsMode::Editing);
+        if (way == 0) // and not on the next button, which asks to save
+            QVERIFY(HasFocus(Page().txtMyTitle));
     }
 
     void NewBeginsComposing_data() {

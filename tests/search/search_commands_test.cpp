@@ -265,6 +265,24 @@ private Q_SLOTS:
         QCOMPARE(Selection(), std::pair(2, 4));
     }
 
+    void AHitHasLinesBelowItToRead() {
+        m_window.reset();
+        std::vector<TestForm> forms = Forms();
+        forms.push_back(Form(u"Long"_qs, u"a paragraph of a long form\n"_qs.repeated(40) +
+                                             u"the quitclaim\n"_qs +
+                                             u"what comes behind it\n"_qs.repeated(40)));
+        m_window = std::make_unique<TestWindow>(forms);
+        QVERIFY(m_window->Show());
+        Main().SetTab(Tab::Search);
+        Search(u"quitclaim"_qs);
+        TestWindow::ClickEntry(Page().lstSearch, 0);
+        QTest::mouseClick(Page().btnNextHit, Qt::LeftButton);
+        QCOMPARE(Pane().SelText(), u"quitclaim"_qs);
+        const QRect hit = Pane().cursorRect();
+        QVERIFY(hit.top() >= 0);
+        QVERIFY(hit.bottom() + 3 * hit.height() <= Pane().viewport()->height());
+    }
+
     void AQueryOfOperatorsOnlyIsEmpty() {
         Search(u"and or "_qs);
         QCOMPARE(Page().fmeSearchResult->Caption(), u"Please enter something!"_qs);

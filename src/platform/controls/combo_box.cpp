@@ -2,8 +2,10 @@
 
 #include "platform/controls/list_model.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 namespace platform {
 
@@ -13,6 +15,7 @@ ComboBox::ComboBox(bool sorted, bool editable, QWidget* parent)
     setModel(m_model);
     setEditable(editable);
     setInsertPolicy(QComboBox::NoInsert);
+    setFocusPolicy(Qt::StrongFocus); // the wheel over it is the page's
     if (editable)
         setCompleter(nullptr); // what is typed stays as typed
     connect(this, &QComboBox::activated, this, &ComboBox::Click);
@@ -78,6 +81,41 @@ void ComboBox::setListIndex(int index) {
         return;
     setCurrentIndex(index);
     Q_EMIT Click();
+}
+
+// The list and the steps through it begin at the text that is shown, which need not be the entry picked last.
+void ComboBox::FollowText() {
+    const int shown = isEditable() ? m_model->Find(Text()) : currentIndex();
+    if (shown == currentIndex())
+        return;
+    const QString text = Text();
+    const QSignalBlocker quiet(this);
+    const QSignalBlocker quietEdit(lineEdit());
+    setCurrentIndex(shown);
+    lineEdit()->setText(text);
+}
+
+void ComboBox::showPopup() {
+    FollowText();
+    QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down || event->key() == Qt::Key_PageUp ||
+        event->key() == Qt::Key_PageDown)
+        FollowText();
+    QComboBox::keyPressEvent(event);
+}
+
+// Only a box that has the keyboard turns with the wheel: in passing it would change what is selected
+// elsewhere.
+void ComboBox::wheelEvent(QWheelEvent* event) {
+    if (!hasFocus() && !(lineEdit() && lineEdit()->hasFocus())) {
+        event->ignore();
+        return;
+    }
+    FollowText();
+    QComboBox::wheelEvent(event);
 }
 
 } // namespace platform

@@ -31,10 +31,18 @@ public:
     int ListIndex() const { return currentIndex(); }
     void setListIndex(int index); // raises Click when the index is in the list
 
+    void showPopup() override;
+
 Q_SIGNALS:
     void Click(); // an entry was picked, by the user or by setListIndex
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
 private:
+    void FollowText();
+
     ListModel* m_model;
 };
 

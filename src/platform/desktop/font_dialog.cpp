@@ -6,6 +6,7 @@
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -47,6 +48,11 @@ FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    // its own keys close the dialog within
+    m_fonts->installEventFilter(this);
+    connect(m_fonts, &QDialog::accepted, this, &QDialog::accept);
+    connect(m_fonts, &QDialog::rejected, this, &QDialog::reject);
+    buttons->button(QDialogButtonBox::Ok)->setDefault(true);
 
     auto* row = new QHBoxLayout;
     row->setContentsMargins(11, 0, 11, 0);
@@ -59,6 +65,18 @@ FontDialog::FontDialog(const FontChoice& choice, QWidget* parent)
     column->addWidget(m_fonts);
     column->addLayout(row);
     ShowColor();
+}
+
+// The dialog within has no buttons of its own, and would keep Enter to itself.
+bool FontDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_fonts && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            accept();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 FontChoice FontDialog::Choice() const {

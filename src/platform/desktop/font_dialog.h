@@ -20,6 +20,9 @@ public:
 
     FontChoice Choice() const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void ChooseColor();
     void ShowColor();

@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace platform {
@@ -29,7 +30,7 @@ constexpr double kPageMargin = 24;
 constexpr int kMostMarks = 2000;
 
 void OpenItem(HelpBrowser* browser, const QListWidgetItem* item) {
-    if (item)
+    if (item && item->data(kPageRole).isValid())
         browser->ShowPage(item->data(kPageRole).toString());
 }
 
@@ -131,6 +132,10 @@ void HelpWindow::MakeTabs() {
     tabs->addTab(contents, tr("Contents"));
     tabs->addTab(LineAndList(indexWord, index), tr("Index"));
     tabs->addTab(LineAndList(searchWords, results), tr("Search"));
+    connect(tabs, &QTabWidget::tabBarClicked, this, [this](int tab) {
+        if (auto* line = tabs->widget(tab)->findChild<QLineEdit*>())
+            QTimer::singleShot(0, line, [line] { line->setFocus(); }); // the click itself ends with the tab
+    });
     connect(contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item && !item->data(0, kPageRole).toString().isEmpty())
             browser->ShowPage(item->data(0, kPageRole).toString());
@@ -227,6 +232,9 @@ void HelpWindow::Search() {
         auto* item = new QListWidgetItem(m_book.PageTitle(page), results);
         item->setData(kPageRole, page);
     }
+    if (results->count() == 0 && !searchWords->text().trimmed().isEmpty())
+        (new QListWidgetItem(tr("No page has these words."), results))->setFlags(Qt::NoItemFlags);
+    browser->setExtraSelections({}); // of the words before
 }
 
 // Shows where the words of the search stand on the page.

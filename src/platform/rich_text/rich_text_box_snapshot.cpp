@@ -88,6 +88,7 @@ bool RichTextBox::setSnapshot(const RtfSnapshot& snapshot) {
     const int scrolled = verticalScrollBar()->value();
     if (snapshot.IsEmpty())
         return false;
+    m_selTouched = true; // its format may be another where it stays
     const bool inPlace = ApplyDifference(snapshot);
     if (!inPlace && !setTextRTF(snapshot.Join()))
         return false;

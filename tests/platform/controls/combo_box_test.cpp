@@ -67,6 +67,59 @@ private Q_SLOTS:
         QCOMPARE(box.ListCount(), 1);
     }
 
+    static void Turn(QWidget& control, int notches) {
+        QWheelEvent event(QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)), {}, {0, 120 * notches},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&control, &event);
+    }
+
+    void StepsBeginAtTheTextThatIsShown() {
+        ComboBox box(false, true);
+        box.AddItems({u"10"_qs, u"12"_qs, u"14"_qs, u"16"_qs});
+        box.setListIndex(3);
+        box.setText(u"12"_qs);
+        box.show();
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        box.setFocus();
+        QTest::keyClick(&box, Qt::Key_Down);
+        QCOMPARE(box.Text(), u"14"_qs);
+        box.setText(u"10"_qs);
+        QSignalSpy clicks(&box, &ComboBox::Click);
+        Turn(box, -1);
+        QCOMPARE(box.Text(), u"12"_qs);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void TheListOpensAtTheTextThatIsShown() {
+        ComboBox box(false, true);
+        box.AddItems({u"Arial"_qs, u"Courier"_qs});
+        box.setListIndex(1);
+        box.show();
+        box.setText(u"Arial"_qs);
+        box.showPopup();
+        QCOMPARE(box.view()->currentIndex().row(), 0);
+        box.hidePopup();
+        box.setText(u"Times"_qs);
+        box.showPopup();
+        QVERIFY(!box.view()->currentIndex().isValid());
+        box.hidePopup();
+        QCOMPARE(box.Text(), u"Times"_qs);
+    }
+
+    void TheWheelPassesOverABoxWithoutTheKeyboard() {
+        QWidget window;
+        ComboBox box(false, true, &window);
+        QLineEdit other(&window);
+        box.AddItems({u"10"_qs, u"12"_qs, u"14"_qs});
+        box.setListIndex(1);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other.setFocus();
+        Turn(box, -1);
+        QCOMPARE(box.Text(), u"12"_qs);
+        QVERIFY(other.hasFocus());
+    }
+
     void ABoxWithoutTypingShowsOnlyItsEntries() {
         ComboBox box(false, false);
         box.AddItems({u"a"_qs, u"b"_qs});

@@ -42,6 +42,32 @@ private Q_SLOTS:
         Compare(dialog.Choice(), given);
     }
 
+    void EnterAndEscapeAreOkAndCancel_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("result");
+        QTest::newRow("Enter") << int(Qt::Key_Return) << int(QDialog::Accepted);
+        QTest::newRow("Escape") << int(Qt::Key_Escape) << int(QDialog::Rejected);
+    }
+    void EnterAndEscapeAreOkAndCancel() {
+        QFETCH(int, key);
+        QFETCH(int, result);
+        FontDialog dialog({u"Liberation Serif"_qs, 12, false, false, false, false, Qt::black}, nullptr);
+        dialog.show();
+        int lists = 0;
+        for (QWidget* list : Fonts(dialog).findChildren<QListView*>()) {
+            if (!list->isVisible())
+                continue; // of its combo box
+            dialog.setResult(-1);
+            QTest::keyClick(list, Qt::Key(key));
+            QVERIFY(!dialog.isVisible());
+            QCOMPARE(dialog.result(), result);
+            Fonts(dialog).show();
+            dialog.show();
+            ++lists;
+        }
+        QCOMPARE(lists, 3);
+    }
+
     void AnotherSizeLeavesTheFont() {
         FontDialog dialog({u"Times New Roman"_qs, 10.5, true, false, false, false, Qt::red}, nullptr);
         QFont chosen = Fonts(dialog).currentFont();

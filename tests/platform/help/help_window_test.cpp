@@ -6,11 +6,11 @@
 #include "platform/help/help_window.h"
 #include "tests/support/pdf_pages.h"
 
-#include <QTextCursor>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPrinter>
 #include <QTabWidget>
+#include <QTextCursor>
 #include <QTreeWidget>
 #include <QtTest>
 
@@ -105,6 +105,37 @@ private Q_SLOTS:
                     mark.cursor.selectedText().compare(u"paper"_qs, Qt::CaseInsensitive) == 0);
         window.browser->ShowPage(u"pages/print.html"_qs);
         QVERIFY(window.browser->extraSelections().isEmpty());
+    }
+
+    void ASearchInVainSaysSoAndTakesTheMarksAway() {
+        HelpWindow window(nullptr);
+        QVERIFY(window.ShowFile(HelpFile()));
+        window.tabs->setCurrentIndex(2);
+        QTest::keyClicks(window.searchWords, u"paper"_qs);
+        QTest::keyClick(window.searchWords, Qt::Key_Return);
+        QVERIFY(!window.browser->extraSelections().isEmpty());
+        const QString page = PageOf(window);
+        QTest::keyClicks(window.searchWords, u" zyzzyva"_qs);
+        QCOMPARE(window.results->count(), 1);
+        QCOMPARE(window.results->item(0)->text(), u"No page has these words."_qs);
+        QVERIFY(window.browser->extraSelections().isEmpty());
+        QTest::keyClick(window.searchWords, Qt::Key_Return);
+        QCOMPARE(PageOf(window), page);
+        window.searchWords->clear();
+        QCOMPARE(window.results->count(), 0);
+    }
+
+    void AClickOnATabGoesToItsLine() {
+        HelpWindow window(nullptr);
+        QVERIFY(window.ShowFile(HelpFile()));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (int tab : {1, 2}) {
+            QTest::mouseClick(window.tabs->tabBar(), Qt::LeftButton, Qt::NoModifier,
+                              window.tabs->tabBar()->tabRect(tab).center());
+            const QLineEdit* line = tab == 1 ? window.indexWord : window.searchWords;
+            QTRY_VERIFY(line->hasFocus());
+        }
     }
 
     void LinksWithinStayAndLinksOutsideGoToTheDesktop_data() {
