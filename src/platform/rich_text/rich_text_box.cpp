@@ -44,6 +44,31 @@ std::unique_ptr<QTextDocument> DocumentOf(const QByteArray& source) {
     return text ? PlainTextDocument(*text) : nullptr;
 }
 
+// Of the page that the box shows, in pixels.
+struct PageMargins {
+    int vertical;
+    int side;
+};
+
+void SetPageMargins(QTextDocument& document, PageMargins margins) {
+    QTextFrameFormat format = document.rootFrame()->frameFormat();
+    if (format.leftMargin() == margins.side && format.topMargin() == margins.vertical)
+        return;
+    format.setMargin(margins.vertical);
+    format.setLeftMargin(margins.side);
+    format.setRightMargin(margins.side);
+    document.rootFrame()->setFrameFormat(format);
+}
+
+// Makes a document as a box shows it. Nothing is laid out before the width is known.
+void Prepare(QTextDocument& document, const QFont& font, PageMargins margins) {
+    document.setUndoRedoEnabled(false);
+    document.setDefaultFont(font);
+    ShowMarkers(document, 0, document.characterCount());
+    SetPageMargins(document, margins);
+    document.setPageSize(QSizeF(0, 0));
+}
+
 } // namespace
 
 RichTextBox::Edit::Edit(RichTextBox& box)
@@ -150,21 +175,18 @@ bool RichTextBox::IsPristine() const {
 }
 
 // A new document costs less than changing the one that is laid out.
-void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange) {
+void RichTextBox::ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange,
+                                  std::unique_ptr<RtfWriterCache> writer) {
     Edit edit(*this);
     const QPointer<QTextDocument> old = QTextEdit::document(); // QTextEdit itself ends the first one
     QTextDocument* const shown = document.release();
-    shown->setUndoRedoEnabled(false);
-    shown->setDefaultFont(font());
-    ShowMarkers(*shown, 0, shown->characterCount());
-    SetPageMargins(*shown);
+    Prepare(*shown, font(), {VerticalMargin(), SideMargin()});
     old->setPageSize(QSizeF(0, 0)); // not to be laid out again
     setWordWrapMode(HasOverlongWord(shown->toRawText()) ? QTextOption::WrapAnywhere
                                                         : QTextOption::WrapAtWordBoundaryOrAnywhere);
-    shown->setPageSize(QSizeF(0, 0)); // nothing is laid out before the width is known
     shown->setParent(this);
 
-    m_writer.reset();
+    m_writer = std::move(writer);
     m_formatter.reset();
     m_text.clear();
     m_textIsValid = false;
@@ -282,25 +304,40 @@ bool RichTextBox::setTextRTF(const QByteArray& source) {
 
 // ---- files and printing
 
-// Reading a large file takes seconds, in which the windows are not to look dead.
-static std::unique_ptr<QTextDocument> ReadForThisThread(const QString& path) {
+namespace {
+
+struct FileDocument {
+    std::unique_ptr<QTextDocument> document;
+    std::unique_ptr<RtfWriterCache> writer; // null for a small document
+};
+
+// Reading a large file, and writing its source for a first snapshot, take seconds in which the windows are
+// not to look dead.
+FileDocument ReadForThisThread(const QString& path, const QFont& font, PageMargins margins) {
     constexpr qint64 kNoticedBytes = 2 * 1024 * 1024;
     if (QFileInfo(path).size() < kNoticedBytes)
-        return ReadDocumentFile(path);
+        return {ReadDocumentFile(path), nullptr};
     QThread* const here = QThread::currentThread();
-    return RunInBackground([&] {
+    return RunInBackground([&]() -> FileDocument {
         std::unique_ptr<QTextDocument> document = ReadDocumentFile(path);
-        if (document)
-            document->moveToThread(here);
-        return document;
+        if (!document)
+            return {};
+        Prepare(*document, font, margins);
+        auto writer = std::make_unique<RtfWriterCache>(*document);
+        writer->Snapshot();
+        document->moveToThread(here);
+        writer->moveToThread(here);
+        return {std::move(document), std::move(writer)};
     });
 }
 
+} // namespace
+
 bool RichTextBox::LoadFile(const QString& path) {
-    std::unique_ptr<QTextDocument> document = ReadForThisThread(path);
-    if (!document)
+    FileDocument file = ReadForThisThread(path, font(), {VerticalMargin(), SideMargin()});
+    if (!file.document)
         return false;
-    ReplaceDocument(std::move(document), true);
+    ReplaceDocument(std::move(file.document), true, std::move(file.writer));
     m_fileName = path;
     return true;
 }
@@ -340,22 +377,18 @@ void RichTextBox::FitPage() {
     Edit edit(*this);
     const int from = m_changedFrom;
     const int to = m_changedTo;
-    SetPageMargins(*document());
+    SetPageMargins(*document(), {VerticalMargin(), SideMargin()});
     m_changedFrom = from;
     m_changedTo = to;
     edit.Forget();
 }
 
-void RichTextBox::SetPageMargins(QTextDocument& document) const {
-    const int margin = m_pageLike ? m_pageMargin : kPlainMargin;
-    const int side = margin + (m_pageLike ? std::max(0, viewport()->width() - m_pageWidth) / 2 : 0);
-    QTextFrameFormat format = document.rootFrame()->frameFormat();
-    if (format.leftMargin() == side && format.topMargin() == margin)
-        return;
-    format.setMargin(margin);
-    format.setLeftMargin(side);
-    format.setRightMargin(side);
-    document.rootFrame()->setFrameFormat(format);
+int RichTextBox::VerticalMargin() const {
+    return m_pageLike ? m_pageMargin : kPlainMargin;
+}
+
+int RichTextBox::SideMargin() const {
+    return VerticalMargin() + (m_pageLike ? std::max(0, viewport()->width() - m_pageWidth) / 2 : 0);
 }
 
 // Breaking a word of a hundred thousand characters at words takes Qt seconds.

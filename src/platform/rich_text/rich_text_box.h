@@ -170,9 +170,12 @@ private:
     void TellSelection();
     bool IsPristine() const;
     bool ApplyDifference(const RtfSnapshot& snapshot);
-    void ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange);
+    // writer: what knows the document's source already, or none.
+    void ReplaceDocument(std::unique_ptr<QTextDocument> document, bool isChange,
+                         std::unique_ptr<RtfWriterCache> writer = nullptr);
     void FitPage();
-    void SetPageMargins(QTextDocument& document) const;
+    int VerticalMargin() const; // of the page, in pixels
+    int SideMargin() const;
     void FitWrapping(const QString& newText);
     bool SetCharFormat(const QTextCharFormat& change, bool isThere);
     bool ChangeBlocks(const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change);

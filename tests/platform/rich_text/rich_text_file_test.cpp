@@ -185,6 +185,42 @@ private Q_SLOTS:
         QVERIFY(box.Text().startsWith(QStringLiteral("still editable ")));
     }
 
+    // What is prepared behind the windows is what the box would make of it itself.
+    void ALargeFileIsAsIfItWereSet_data() {
+        QTest::addColumn<QByteArray>("source");
+        const auto many = [](const char* paragraph) {
+            return QByteArray("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs24 ") +
+                   QByteArray(paragraph).repeated(2'200'000 / int(qstrlen(paragraph))) + "}";
+        };
+        QTest::newRow("paragraphs") << many("\\pard\\fi720\\qj The \\b party\\b0  of the first part\\par\n");
+        QTest::newRow("bullets and numbers")
+            << many("{\\*\\pn\\pnlvlblt{\\pntxtb\\'b7}}\\pard\\fi-360\\li720 one of them\\par\n");
+        QTest::newRow("tables") << many("\\trowd\\trgaph108\\cellx3000\\cellx6000\\pard\\intbl left\\cell "
+                                        "right\\cell\\row\\pard between\\par\n");
+    }
+    void ALargeFileIsAsIfItWereSet() {
+        QFETCH(QByteArray, source);
+        const QString path = Path("large.rtf");
+        Write(path, source);
+        RichTextBox set;
+        RichTextBox loaded;
+        for (RichTextBox* box : {&set, &loaded}) {
+            box->setPageLike(true);
+            box->resize(900, 400);
+        }
+        QVERIFY(set.setTextRTF(source));
+        QSignalSpy changes(&loaded, &RichTextBox::Change);
+        QVERIFY(loaded.LoadFile(path));
+        QCOMPARE(changes.size(), 1);
+        QVERIFY(loaded.Snapshot() == set.Snapshot());
+        for (RichTextBox* box : {&set, &loaded}) {
+            box->setSelStart(1000);
+            box->setSelText(QStringLiteral("changed"));
+        }
+        QVERIFY(loaded.Snapshot() == set.Snapshot());
+        QVERIFY(loaded.Snapshot().Join().contains("changed"));
+    }
+
     void ALinkStaysALink() {
         Write(Path("target.rtf"), "old");
         QVERIFY(QFile::link(Path("target.rtf"), Path("link.rtf")));
