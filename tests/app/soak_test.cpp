@@ -2,6 +2,7 @@
 // memory and its open files are the same in the evening as after the first hour.
 //
 // QUILLBROOK_SOAK_ROUNDS in the environment gives another number of rounds; see scripts/soak.sh.
+#include "appearance/look.h"
 #include "editor/edit_tool_bar.h"
 #include "library/category_browser.h"
 #include "library/category_buttons.h"
@@ -151,6 +152,8 @@ class SoakTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { ApplyLook(*qApp); } // what is painted is kept for a while
+
     void MemoryAndOpenFilesStayAsTheyAre() {
         const int asked = qEnvironmentVariableIntValue("QUILLBROOK_SOAK_ROUNDS");
         const int rounds = asked > 0 ? asked : kRoundsOfTheSuite;
