@@ -4,37 +4,50 @@
 #include "platform/controls/list_box.h"
 
 #include <QSet>
+#include <vector>
 
 namespace quillbrook {
 
-QStringList WithoutRepeats(const QStringList& entries) {
+// The places of the repeats, in ascending order.
+static std::vector<qsizetype> RepeatsIn(const QStringList& entries) {
     QSet<QString> seen;
     seen.reserve(entries.size());
+    std::vector<qsizetype> repeats;
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        const qsizetype known = seen.size();
+        seen.insert(entries[i]);
+        if (seen.size() == known)
+            repeats.push_back(i);
+    }
+    return repeats;
+}
+
+QStringList WithoutRepeats(const QStringList& entries) {
+    const std::vector<qsizetype> repeats = RepeatsIn(entries);
     QStringList kept;
-    kept.reserve(entries.size());
-    for (const QString& entry : entries) {
-        if (seen.contains(entry))
-            continue;
-        seen.insert(entry);
-        kept.append(entry);
+    kept.reserve(entries.size() - qsizetype(repeats.size()));
+    auto next = repeats.begin();
+    for (qsizetype i = 0; i < entries.size(); ++i) {
+        if (next != repeats.end() && *next == i)
+            ++next;
+        else
+            kept.append(entries[i]);
     }
     return kept;
 }
 
 void RemoveRepeats(platform::ListBox& list) {
     const QStringList before = list.Items();
-    const QStringList after = WithoutRepeats(before);
-    if (after.size() == before.size())
+    const std::vector<qsizetype> repeats = RepeatsIn(before);
+    if (repeats.empty())
         return;
     if (list.ListIndex() < 0) {
-        list.SetItems(after);
+        list.SetItems(WithoutRepeats(before));
         return;
     }
-    // one by one, from the end, so that the selection keeps its entry
-    for (qsizetype i = before.size() - 1; i >= 0; --i) {
-        if (before.indexOf(before[i]) != i)
-            list.RemoveItem(int(i));
-    }
+    // one by one, so that the selection keeps its entry; from the end, so that no other moves before its turn
+    for (auto repeat = repeats.rbegin(); repeat != repeats.rend(); ++repeat)
+        list.RemoveItem(int(*repeat));
 }
 
 void RemoveRepeats(platform::ComboBox& list) {

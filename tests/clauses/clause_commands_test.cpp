@@ -1,77 +1,18 @@
 #include "clauses/clause_commands.h"
 
-#include "app/left_toolbar.h"
 #include "app/menu_tree.h"
 #include "editor/edit_tool_bar.h"
 #include "editor/undo_commands.h"
 #include "library/category_browser.h"
 #include "platform/controls/list_box.h"
-#include "platform/controls/my_button.h"
-#include "platform/database/database.h"
 #include "platform/rich_text/rich_text_box.h"
-#include "tests/support/test_clauses.h"
-#include "tests/support/test_window.h"
+#include "tests/support/clause_window.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
 using namespace quillbrook;
 using platform::RichTextBox;
-
-namespace {
-
-const QString kPlaces =
-    u"Top\n(JURAT)\n(ACKNOWLEDGMENT)\n(VERIFICATION)\n(CERTIFICATION OF NON-FORUM SHOPPING)\n"
-    "(NOTICE OF HEARING)\n(EXPLANATION)\nEnd"_qs;
-const QString kJurat1 = TestClause(ClauseRoutine::InsertJurat, "1");
-const QString kCaption1 = TestClause(ClauseRoutine::InsertCaption, "1");
-const QString kVerification1 = TestClause(ClauseRoutine::InsertVerification, "1");
-
-// The window over a library that has all clauses.
-class ClauseWindow : public TestWindow {
-public:
-    ClauseWindow() { hasClauses = AddTestClauses(*(*this)->Variables().FormsDb); }
-
-    void Choose(const char* entry) { (*this)->Menu(QLatin1String(entry))->trigger(); }
-    QString Content() { return (*this)->txtContent()->Text(); }
-    QString MyContent() { return (*this)->txtMyContent()->Text(); }
-
-    // Takes a clause from the library, or only its text.
-    bool Lose(const char* table, const char* number, bool textOnly) {
-        const auto rows = (*this)->Variables().FormsDb->OpenRecordset(QLatin1String(table));
-        for (bool there = rows->MoveFirst(); there; there = rows->MoveNext()) {
-            if (rows->Field(QLatin1String(table) + u"No"_qs)->toString() != QLatin1String(number))
-                continue;
-            if (!textOnly)
-                return rows->Delete();
-            return rows->Edit() && rows->SetField(u"Content"_qs, QVariant()) && rows->Update();
-        }
-        return false;
-    }
-
-    bool hasClauses = false;
-};
-
-// A dialog that the user answers at once.
-class AnsweredDialog final : public QDialog {
-public:
-    explicit AnsweredDialog(std::function<void()> answer)
-        : m_answer(std::move(answer)) {}
-    int exec() override {
-        m_answer();
-        return 0;
-    }
-
-private:
-    std::function<void()> m_answer;
-};
-
-void Answer(ClauseWindow& window, const char* dialog, const std::function<void()>& answer) {
-    window->Windows().Offer(QLatin1String(dialog),
-                            [answer] { return std::make_unique<AnsweredDialog>(answer); });
-}
-
-} // namespace
 
 class ClauseCommandsTest : public QObject {
     Q_OBJECT
@@ -398,103 +339,6 @@ private Q_SLOTS:
         QCOMPARE(window.Content(), u"a  b  c"_qs);
         window->clauseCommands->InsertCaption();
         QCOMPARE(window.Content(), u"a  b  c"_qs);
-    }
-
-    // ---- the buttons
-
-    void TheButtonsSayWhatTheyAdd() {
-        ClauseWindow& window = *m_window;
-        QCOMPARE(window->leftToolbar->cmdAddJurat->toolTip(),
-                 u"Add a Jurat or an Acknowledgment to Affidavits or Contracts"_qs);
-        QCOMPARE(window->leftToolbar->AddVerification->toolTip(),
-                 u"Add a Verification or other Pleading Requirements"_qs);
-    }
-
-    void TheJuratButtonForgetsTheOldChoiceAndInsertsTheNewOne() {
-        ClauseWindow window;
-        PublicVariables& variables = window->Variables();
-        window->txtContent()->setText(kPlaces);
-        variables.JuratNumber = u"1"_qs;
-        variables.VerificationNumber = u"1"_qs;
-        QString atOpening = u"never opened"_qs;
-        Answer(window, "frmJurat", [&] {
-            atOpening = variables.JuratNumber;
-            variables.JuratNumber = u"5"_qs;
-            variables.CurrentSearchWord = u"(ACKNOWLEDGMENT)"_qs;
-        });
-        window->leftToolbar->cmdAddJurat->click();
-        QCOMPARE(atOpening, QString());
-        QCOMPARE(window.Content(), QString(kPlaces).replace(u"(ACKNOWLEDGMENT)"_qs,
-                                                            TestClause(ClauseRoutine::InsertJurat, "5")));
-        QCOMPARE(variables.VerificationNumber, u"1"_qs);
-        QCOMPARE(variables.JuratNumber, u"5"_qs);
-    }
-
-    void WithoutAChoiceTheButtonsChangeNothing() {
-        ClauseWindow window;
-        int opened = 0;
-        Answer(window, "frmJurat", [&] { ++opened; });
-        Answer(window, "frmVerification", [&] { ++opened; });
-        window.Choose("mnuCaptionSC"); // leaves its number behind
-        window->txtContent()->setText(QString());
-        window->leftToolbar->cmdAddJurat->click();
-        window->leftToolbar->AddVerification->click();
-        QCOMPARE(opened, 2);
-        QCOMPARE(window.Content(), QString());
-        QCOMPARE(window.MyContent(), QString());
-        QVERIFY(window.services.messageBox.shown.empty());
-    }
-
-    void TheVerificationButtonForgetsBothOldChoices() {
-        ClauseWindow window;
-        PublicVariables& variables = window->Variables();
-        window->txtContent()->setText(kPlaces);
-        window.Choose("mnuCaptionSC");
-        QCOMPARE(variables.CaptionNumber, u"1"_qs);
-        QStringList atOpening;
-        Answer(window, "frmVerification", [&] {
-            atOpening = {variables.CaptionNumber, variables.VerificationNumber};
-            variables.VerificationNumber = u"6"_qs;
-            variables.CurrentSearchWord = u"(EXPLANATION)"_qs;
-        });
-        variables.VerificationNumber = u"2"_qs;
-        window->leftToolbar->AddVerification->click();
-        QCOMPARE(atOpening, QStringList({{}, {}}));
-        QCOMPARE(window.Content(),
-                 kCaption1 + QString(kPlaces).replace(u"(EXPLANATION)"_qs,
-                                                      TestClause(ClauseRoutine::InsertVerification, "6")));
-    }
-
-    void ACaptionAndAVerificationAreInsertedIndependently() {
-        ClauseWindow window;
-        PublicVariables& variables = window->Variables();
-        window->txtContent()->setText(kPlaces);
-        Answer(window, "frmVerification", [&] {
-            variables.CaptionNumber = u"1"_qs;
-            variables.VerificationNumber = u"1"_qs;
-            variables.CurrentSearchWord = u"(VERIFICATION)"_qs;
-        });
-        window->leftToolbar->AddVerification->click();
-        QCOMPARE(window.Content(),
-                 kCaption1 + QString(kPlaces).replace(u"(VERIFICATION)"_qs, kVerification1));
-    }
-
-    void EachDialogIsMadeOnceAndStays() {
-        ClauseWindow window;
-        for (const char* name : {"frmJurat", "frmVerification"}) {
-            int made = 0;
-            window->Windows().Offer(QLatin1String(name), [&made] {
-                ++made;
-                return std::make_unique<AnsweredDialog>([] {});
-            });
-            QVERIFY(!window->Windows().IsLoaded(QLatin1String(name)));
-            auto* button = window->findChild<platform::MyButton*>(
-                QLatin1String(name) == u"frmJurat" ? u"cmdAddJurat"_qs : u"AddVerification"_qs);
-            button->click();
-            button->click();
-            QCOMPARE(made, 1);
-            QVERIFY(window->Windows().IsLoaded(QLatin1String(name)));
-        }
     }
 };
 
