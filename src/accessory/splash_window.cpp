@@ -6,6 +6,7 @@
 #include "platform/services.h"
 
 #include <QCloseEvent>
+#include <QPointer>
 
 namespace quillbrook {
 
@@ -56,11 +57,15 @@ void frmSplash::Stop() {
     RunTimers();
 }
 
+// A load that lets events through may end after the hand-over, when this window is gone.
 void frmSplash::Fire(int timer) {
+    const QPointer<frmSplash> splash(this);
     const SplashChain::Step step = m_chain.Fire(timer);
     switch (step.act) {
     case SplashChain::Act::LoadMainWindow:
         Q_EMIT LoadMainWindow();
+        if (!splash)
+            return;
         m_chain.MainWindowLoaded();
         break;
     case SplashChain::Act::ShowCaption:

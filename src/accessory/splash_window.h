@@ -34,7 +34,9 @@ public:
     SplashPicture* Image1;
 
 Q_SIGNALS:
-    void LoadMainWindow(); // the main window is to be loaded, hidden, before this returns
+    // The main window is to be loaded, hidden, before this returns. While a load lets events through, the
+    // hand-over may come, and the splash be deleted.
+    void LoadMainWindow();
     void HandOver(); // the splash has hidden itself: the main window is to be shown, the splash unloaded
 
 protected:

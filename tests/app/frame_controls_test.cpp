@@ -1,7 +1,9 @@
-// The toolbar at the left, the status bar and the timers.
+// The toolbar at the left, the status bar, the links and the timers.
+#include "accessory/author.h"
 #include "app/left_toolbar.h"
 #include "app/menu_tree.h"
 #include "platform/controls/geometry.h"
+#include "platform/controls/hyper_label.h"
 #include "platform/controls/my_button.h"
 #include "platform/controls/status_bar.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -90,6 +92,24 @@ private Q_SLOTS:
         QCOMPARE(m_opened.size(), 1);
         QCOMPARE(m_opened[0].toString(), u"mailto:"_qs + window->StatusBar1->Panel(2)->text().trimmed());
         QVERIFY(window.services.messageBox.shown.empty());
+    }
+
+    void TheLinksOfTheFirstPageOpenTheirTargets_data() {
+        QTest::addColumn<QUrl>("target");
+        QTest::newRow("httpAttyMerrow") << QUrl(QLatin1String(author::kWebsite));
+        QTest::newRow("httpFacebook") << QUrl(QLatin1String(author::kCommunity));
+    }
+    void TheLinksOfTheFirstPageOpenTheirTargets() {
+        QFETCH(QUrl, target);
+        m_opened.clear();
+        QDesktopServices::setUrlHandler(u"https"_qs, this, "Keep");
+        TestWindow window;
+        QVERIFY(window.Show());
+        auto* link = window->findChild<platform::HyperLabel*>(QLatin1String(QTest::currentDataTag()));
+        QVERIFY(link);
+        QTest::mouseClick(link, Qt::LeftButton);
+        QDesktopServices::unsetUrlHandler(u"https"_qs);
+        QCOMPARE(m_opened, QList<QUrl>{target});
     }
 
     void WithoutAMailProgramTheSecondPanelSaysNothing() {

@@ -12,6 +12,27 @@
 
 using namespace quillbrook;
 
+// A question that stands until the main window is on the screen and the event loop has been at rest.
+class LastingQuestion final : public platform::MessageBoxService {
+public:
+    platform::MessageAnswer Show(QWidget* parent, const QString&, platform::MessageButtons,
+                                 platform::MessageIcon, const QString&) override {
+        ++asked;
+        QEventLoop loop;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, &loop, [&] {
+            if (parent->isVisible())
+                QTimer::singleShot(100, &loop, &QEventLoop::quit);
+        });
+        QTimer::singleShot(20000, &loop, &QEventLoop::quit);
+        watch.start(10);
+        loop.exec();
+        return platform::MessageAnswer::No;
+    }
+
+    int asked = 0;
+};
+
 class ProgramTest : public QObject {
     Q_OBJECT
 
@@ -87,6 +108,8 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!program.Splash(), 20000);
         QVERIFY(!splash || !splash->isVisible());
         QTRY_VERIFY(!splash);
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            QVERIFY2(window->isHidden() || window == program.MainWindow(), qPrintable(window->objectName()));
         // nor does the exit bring one up
         QVERIFY(program.MainWindow()->close());
         QVERIFY(program.MainWindow()->Windows().Loaded().isEmpty());
@@ -119,6 +142,26 @@ private Q_SLOTS:
         QVERIFY(program.MainWindow()->isVisible());
         QCOMPARE(program.MainWindow()->categoryBrowser->lstSubCategory->ListCount(), 0);
         QVERIFY(services.messageBox.shown.empty());
+    }
+
+    // The library has no form of the first category, which the load asks about.
+    void AQuestionDuringTheLoadOutlivesTheHandOver() {
+        const TestLibrary library({{u"Deed"_qs, u"Sales"_qs, u"Deeds"_qs, u"text"_qs}});
+        ScriptedServices scripted;
+        LastingQuestion question;
+        platform::Services services{question,         scripted.instance,      scripted.commonDialog,
+                                    scripted.printer, scripted.wordProcessor, scripted.sound,
+                                    scripted.help};
+        frmProgram program(services, library.Folder());
+        program.Start();
+        const QPointer<frmSplash> splash = program.Splash();
+        QTRY_VERIFY_WITH_TIMEOUT(question.asked == 1, 20000);
+        QTRY_VERIFY_WITH_TIMEOUT(program.MainWindow()->Windows().IsLoaded(u"frmPageSetup"_qs), 20000);
+        QTRY_VERIFY(!splash);
+        QVERIFY(program.MainWindow()->isVisible());
+        QTest::qWait(700); // longer than the chain
+        QCOMPARE(question.asked, 1);
+        program.MainWindow()->Store().CloseLibrary();
     }
 
     void WhenAnEarlierInstanceTakesOverNoMainWindowComes() {
