@@ -5,6 +5,7 @@
 #include "library/my_forms_page.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/word/word_clipboard.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -83,6 +84,20 @@ private Q_SLOTS:
         desk.window->fileCommands->Open();
         QCOMPARE(QApplication::focusWidget(), desk.Pane(Tab(tab)));
         QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void AfterAConversionThePaneHasTheKeyboardAtItsStart_data() { Pages(); }
+    void AfterAConversionThePaneHasTheKeyboardAtItsStart() {
+        QFETCH(int, tab);
+        Desk desk;
+        QVERIFY(desk.Show(Tab(tab)));
+        platform::SetClipboardRTF("{\\rtf1 converted\\par}");
+        desk.Answer(u"a.doc"_qs);
+        desk.window->fileCommands->Open();
+        QCOMPARE(desk.Pane(Tab(tab))->Text(), u"converted"_qs);
+        QCOMPARE(QApplication::focusWidget(), desk.Pane(Tab(tab)));
+        QCOMPARE(desk.Pane(Tab(tab))->SelStart(), 0);
+        QCOMPARE(desk.Pane(Tab(tab))->SelLength(), 0);
     }
 
     void ANewDocumentHasTheKeyboard() {

@@ -71,11 +71,16 @@ void FileOpeningTest::OpeningOnMyFormsStaysThere() {
     FileWindow& window = *m_window;
     QVERIFY(window.Write(u"a.txt"_qs, "own text"));
     window->SetTab(Tab::MyForms);
+    window->txtMyContent()->setText(u"before"_qs);
+    window->myFormsPage->txtMyTitle->setText(u"Old title"_qs);
     window.Answer(u"a.txt"_qs);
     window.Files().Open();
     QCOMPARE(window->CurrentTab(), Tab::MyForms);
     QCOMPARE(window->txtMyContent()->Text(), u"own text"_qs);
     QCOMPARE(window->windowTitle(), u"a.txt"_qs);
+    // no new form is begun
+    QCOMPARE(window->myFormsPage->txtMyTitle->text(), u"Old title"_qs);
+    QVERIFY(!window.State().NewFormMode);
 }
 
 void FileOpeningTest::CancellingOpenChangesNothing() {
@@ -83,10 +88,12 @@ void FileOpeningTest::CancellingOpenChangesNothing() {
     window->SetTab(Tab::Search);
     const QString caption = window->windowTitle();
     window.State().CurrentFilePath = u"before"_qs;
+    window.State().CurrentFileTitle = u"title before"_qs;
     window.Files().Open();
     QCOMPARE(window->CurrentTab(), Tab::Search);
     QCOMPARE(window->windowTitle(), caption);
     QCOMPARE(window.State().CurrentFilePath, u"before"_qs);
+    QCOMPARE(window.State().CurrentFileTitle, u"title before"_qs);
 }
 
 void FileOpeningTest::AnUnreadableFileLeavesThePaneAndSetsTheCaption() {
@@ -144,6 +151,7 @@ void FileOpeningTest::AWordDocumentOnMyFormsBeginsANewForm() {
     window.Files().Open();
     QCOMPARE(window->txtMyContent()->Text(), u"imported"_qs);
     QCOMPARE(window->myFormsPage->txtMyTitle->text(), QString());
+    QVERIFY(window.State().NewFormMode);
 }
 
 void FileOpeningTest::AWordDocumentIsConvertedByTheWordProcessor() {
@@ -173,6 +181,8 @@ void FileOpeningTest::AWordDocumentIsConvertedByTheWordProcessor() {
     QCOMPARE(captions[1], u"Converting Report.Doc..."_qs);
     QCOMPARE(window->txtContent()->Text(), u"converted"_qs);
     QCOMPARE(window->windowTitle(), u"Report.Doc"_qs);
+    QCOMPARE(window.State().CurrentFilePath, window.Path(u"Report.Doc"_qs));
+    QCOMPARE(window.State().CurrentFileTitle, window.Path(u"Report.Doc"_qs).toLower());
     QVERIFY(!window->Variables().WordApp);
 }
 

@@ -27,6 +27,21 @@ private Q_SLOTS:
         QVERIFY(shown[0].asksBeforeOverwriting);
     }
 
+    // It is one dialog for all commands.
+    void TheSaveDialogComesWithTheFileOfTheLastCommand() {
+        WordDesk desk;
+        desk.Answer(u"/forms/opened.txt"_qs);
+        desk.Answer(u"/forms/saved.doc"_qs);
+        desk.Choose("mnuOpen");
+        desk.Commands().SaveAsMSDoc();
+        desk.Choose("mnuSaveAsRTFFile");
+        const auto& shown = desk.window.services.commonDialog.filesShown;
+        QCOMPARE(shown.size(), std::size_t(3));
+        QCOMPARE(shown[0].FileName, QString());
+        QCOMPARE(shown[1].FileName, u"/forms/opened.txt"_qs);
+        QCOMPARE(shown[2].FileName, u"/forms/saved.doc"_qs);
+    }
+
     void CancellingTheSaveDialogChangesNothing() {
         WordDesk desk;
         desk.window->SetCaption(u"Edit Form"_qs);

@@ -111,11 +111,50 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(Path(u".~lock.deed.doc#"_qs)));
     }
 
-    void ADocumentThatBeginsWithATableComesWhole() {
+    // What lay on the clipboard before would be taken for its text.
+    void AnEmptyDocumentComesEmpty() {
+        WriterDesk desk(*m_writer);
+        desk.window->txtContent()->setText(QString());
+        desk.window.services.commonDialog.files = {Path(u"empty.doc"_qs), Path(u"empty.doc"_qs)};
+        desk.Commands().SaveAsMSDoc();
+        QVERIFY(QFile::exists(Path(u"empty.doc"_qs)));
+        desk.window->txtContent()->setText(u"before"_qs);
+        platform::SetClipboardRTF("{\\rtf1 of another client}");
+        desk.window->fileCommands->Open();
+        QCOMPARE(desk.window->txtContent()->Text().trimmed(), QString());
+        QCOMPARE(desk.window->windowTitle(), u"empty.doc"_qs);
+        QVERIFY(m_writer->HasNoProcesses());
+    }
+
+    void ADocumentComesWholeWhateverItBeginsWith_data() {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QStringList>("parts");
+        const QByteArray table = "\\trowd\\cellx3000\\cellx6000\\intbl first\\cell second\\cell\\row\\pard ";
+        QTest::newRow("a table") << table + "behind the table\\par the end\\par"
+                                 << QStringList{u"first"_qs, u"second"_qs, u"behind the table"_qs,
+                                                u"the end"_qs};
+        QTest::newRow("two tables") << table + "between\\par " + QByteArray(table).replace("first", "third") +
+                                           "the end\\par"
+                                    << QStringList{u"first"_qs, u"second"_qs, u"between"_qs, u"third"_qs,
+                                                   u"the end"_qs};
+        QTest::newRow("a table in a table")
+            << QByteArray("\\pard\\intbl\\itap2 inner\\nestcell second\\nestcell"
+                          "{\\*\\nesttableprops\\trowd\\cellx1000\\cellx2000\\nestrow}"
+                          "\\pard\\intbl\\itap1 outer\\cell other\\cell"
+                          "\\trowd\\cellx3000\\cellx6000\\row\\pard behind\\par the end\\par")
+            << QStringList{u"inner"_qs, u"second"_qs, u"outer"_qs, u"other"_qs, u"behind"_qs, u"the end"_qs};
+        QTest::newRow("a table of contents")
+            << QByteArray("{\\field{\\*\\fldinst TOC \\\\o \"1-3\"}{\\fldrslt entry one\\par entry two\\par}}"
+                          "\\pard heading\\par the end\\par")
+            << QStringList{u"entry one"_qs, u"entry two"_qs, u"heading"_qs, u"the end"_qs};
+        QTest::newRow("nothing else but a table") << table << QStringList{u"first"_qs, u"second"_qs};
+    }
+    void ADocumentComesWholeWhateverItBeginsWith() {
+        QFETCH(QByteArray, body);
+        QFETCH(QStringList, parts);
         QFile source(Path(u"table.doc"_qs)); // the word processor goes by what is in the file
         QVERIFY(source.open(QIODevice::WriteOnly));
-        source.write("{\\rtf1\\ansi\\trowd\\cellx3000\\cellx6000\\intbl first\\cell second\\cell\\row"
-                     "\\pard behind the table\\par the end\\par}");
+        source.write("{\\rtf1\\ansi" + body + "}");
         source.close();
         const auto word = m_writer->Service().CreateWordApplication(nullptr);
         QVERIFY(word);
@@ -126,7 +165,7 @@ private Q_SLOTS:
         QVERIFY(word->Quit(platform::wdDoNotSaveChanges));
         platform::RichTextBox pane;
         QVERIFY(pane.setTextRTF(platform::ClipboardRTF()));
-        for (const QString& part : {u"first"_qs, u"second"_qs, u"behind the table"_qs, u"the end"_qs})
+        for (const QString& part : parts)
             QVERIFY2(pane.Text().contains(part), qPrintable(pane.Text()));
     }
 
