@@ -84,11 +84,14 @@ void ComboBox::setListIndex(int index) {
 }
 
 // The list and the steps through it begin at the text that is shown, which need not be the entry picked last.
+// Of entries that are equal the one picked last counts, so that the steps lead past them.
 void ComboBox::FollowText() {
-    const int shown = isEditable() ? m_model->Find(Text()) : currentIndex();
+    const QString text = Text();
+    if (!isEditable() || List(currentIndex()) == text)
+        return;
+    const int shown = m_model->Find(text);
     if (shown == currentIndex())
         return;
-    const QString text = Text();
     const QSignalBlocker quiet(this);
     const QSignalBlocker quietEdit(lineEdit());
     setCurrentIndex(shown);

@@ -90,6 +90,21 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 1);
     }
 
+    void StepsLeadPastEntriesThatAreEqual() {
+        ComboBox box(false, true);
+        box.AddItems({u"lease"_qs, u"lease"_qs, u"lease"_qs, u"sale"_qs});
+        box.show();
+        QVERIFY(QTest::qWaitForWindowActive(&box));
+        box.setFocus();
+        box.setText(u"lease"_qs);
+        for (int step = 0; step < 3; ++step)
+            QTest::keyClick(&box, Qt::Key_Down);
+        QCOMPARE(box.Text(), u"sale"_qs);
+        for (int step = 0; step < 3; ++step)
+            Turn(box, 1);
+        QCOMPARE(box.ListIndex(), 0);
+    }
+
     void TheListOpensAtTheTextThatIsShown() {
         ComboBox box(false, true);
         box.AddItems({u"Arial"_qs, u"Courier"_qs});
