@@ -176,10 +176,21 @@ bool LibraryStore::SetFavorite(const QString& title, int favorite) {
     return written;
 }
 
+// Begins a row of the user's own forms. A list of titles, which a refused statement leaves in force, has no
+// room for a whole form: all forms of the collection come in its place.
+bool LibraryStore::BeginMyForm() {
+    const auto begin = [this] {
+        return MyFormsRecordset && MyFormsRecordset->AddNew() &&
+               MyFormsRecordset->SetField(QStringLiteral("Category"), QStringLiteral("My Forms"));
+    };
+    if (begin())
+        return true;
+    ListMyForms();
+    return begin();
+}
+
 bool LibraryStore::AddMyForm(const QString& title, const QString& subCategory, const QString& content) {
-    return MyFormsRecordset && MyFormsRecordset->AddNew() &&
-           MyFormsRecordset->SetField(QStringLiteral("Category"), QStringLiteral("My Forms")) &&
-           MyFormsRecordset->SetField(QStringLiteral("Title"), title) &&
+    return BeginMyForm() && MyFormsRecordset->SetField(QStringLiteral("Title"), title) &&
            MyFormsRecordset->SetField(QStringLiteral("SubCategory"), subCategory) &&
            MyFormsRecordset->SetField(QStringLiteral("Content"), content) && MyFormsRecordset->Update();
 }

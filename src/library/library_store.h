@@ -64,6 +64,7 @@ private:
     using Rows = std::unique_ptr<platform::Recordset>;
 
     bool Open(Query& query, Rows& rows, const QString& statement);
+    bool BeginMyForm();
     bool OpenTable(Rows& rows, const QString& table);
 
     PublicVariables& m_variables;

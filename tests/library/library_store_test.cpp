@@ -167,6 +167,17 @@ private Q_SLOTS:
         QCOMPARE(m_store->ListMyForms().size(), 2);
     }
 
+    void AFormIsAddedBehindAListOfTitlesToo() {
+        m_store->ListMyTitles(QStringLiteral("Deeds"));
+        QVERIFY(!m_store->FindMyFormByTitle(QStringLiteral("Heir's Deed")));
+        QVERIFY(m_store->MyFormsAtEnd());
+        QVERIFY(
+            m_store->AddMyForm(QStringLiteral("Heir's Deed"), QStringLiteral("Deeds"), QStringLiteral("z")));
+        QCOMPARE(m_store->ListMyForms(), QStringList(QStringLiteral("Deeds")));
+        QCOMPARE(m_store->SearchForms(QStringLiteral("SELECT * FROM Forms WHERE Content LIKE 'z'")),
+                 QStringList(QStringLiteral("Heir's Deed")));
+    }
+
     void ARefusedTitleKeepsTheRowOnDisplay() {
         m_store->FindMyFormByTitle(QStringLiteral("Special Power"));
         QVERIFY(!m_store->FindMyFormByTitle(QStringLiteral("Heir's Deed")));

@@ -43,6 +43,35 @@ private Q_SLOTS:
         QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"Heir's Waiver"_qs));
     }
 
+    // ... also where the list on display begins with such a title, whose form cannot be looked up
+    void ATitleWithAnApostropheIsAddedBesideAnother() {
+        GoTo(MyFormsMode::Empty);
+        Fill(u"Heir's Waiver"_qs, u"Estate"_qs, u"text"_qs);
+        Page().btnAddNew->click();
+        Page().btnNew->click();
+        Fill(u"Client's Deed"_qs, u"Estate"_qs, u"the deed"_qs);
+        Page().btnAddNew->click();
+        QVERIFY(Box().shown.empty());
+        Verify(MyFormsMode::Browsing);
+        QCOMPARE(Page().lstMyTitle->Items(), QStringList({u"Client's Deed"_qs, u"Heir's Waiver"_qs}));
+    }
+
+    void ASubCategoryTypedInAnotherCaseIsAnotherEntry() {
+        GoTo(MyFormsMode::Composing);
+        Page().txtMyTitle->setText(u"Letter"_qs);
+        Page().cboMySubCategory->setFocus();
+        QTest::keyClicks(Page().cboMySubCategory->lineEdit(), u"corporate"_qs);
+        QTest::keyClick(Page().cboMySubCategory->lineEdit(), Qt::Key_Return);
+        QVERIFY(HasFocus(&Pane()));
+        QCOMPARE(Page().cboMySubCategory->Text(), u"corporate"_qs);
+        QTest::keyClicks(&Pane(), u"text"_qs);
+        Page().btnAddNew->click();
+        QVERIFY(Box().shown.empty());
+        QCOMPARE(Page().lstMySubCategory->Items(),
+                 QStringList({u"Corporate"_qs, u"corporate"_qs, u"Land"_qs}));
+        QCOMPARE(Page().cboMySubCategory->Items(), Page().lstMySubCategory->Items());
+    }
+
     void ATitleWithAnApostropheAtTheHeadOfAListDeletesNoOtherForm() {
         std::vector<TestForm> forms = SomeForms();
         forms.push_back(Own(u"Zeta"_qs, u"Estate"_qs));
