@@ -97,6 +97,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--ComboBox { border: 1px solid %2; border-radius: 4px; background: %7; color: %6; padding-left: 3px; }
         platform--ComboBox:focus { border-color: %3; }
         platform--ComboBox QLineEdit { border: none; background: transparent; }
+        platform--ComboBox#cboQuery, platform--ListBox#lstSearch { font-family: Arial; }
         platform--ComboBox::drop-down { border: none; width: 18px; }
         platform--ComboBox::drop-down:hover { background: %4; }
         platform--ComboBox::down-arrow { image: url(:/icons/drop-down.svg); width: 9px; height: 9px; }

@@ -1,6 +1,8 @@
 // What stays and what goes on the Search page during a run.
 #include "search/search_page.h"
 
+#include "appearance/look.h"
+#include "library/category_browser.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/geometry.h"
@@ -17,6 +19,19 @@ class SearchPageTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { ApplyLook(*qApp); }
+
+    void QueryAndResultsAreWrittenInTheirFont() {
+        TestWindow window;
+        QVERIFY(window.Show());
+        const SearchPage& page = *window->searchPage;
+        QCOMPARE(page.cboQuery->font().family(), u"Arial"_qs);
+        QCOMPARE(page.cboQuery->lineEdit()->font().family(), u"Arial"_qs);
+        QCOMPARE(page.lstSearch->font().family(), u"Arial"_qs);
+        QCOMPARE(page.lstSearch->font().pointSizeF(), QApplication::font().pointSizeF());
+        QVERIFY(window->categoryBrowser->lstTitle->font().family() != u"Arial"_qs);
+    }
+
     void NothingBringsTheLargeModesBack() {
         TestWindow window;
         QVERIFY(window.Show());

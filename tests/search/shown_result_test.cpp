@@ -119,6 +119,18 @@ private Q_SLOTS:
         QCOMPARE(Selection(), std::pair(4, 7));
     }
 
+    // The earlier result has no text then, and the scratch pane was emptied for the one that does not come.
+    void ATitleWithAnApostropheBehindAListOfTitlesEmptiesThePane() {
+        Search(u"heirs"_qs);
+        QCOMPARE(Page().lstSearch->Items(), QStringList(u"Heir's Affidavit"_qs));
+        Pane().setText(u"left alone"_qs);
+        Main().rtfContent()->setText(u"left over"_qs);
+        Main().SetTab(Tab::Favorites);
+        Main().SetTab(Tab::Search);
+        TestWindow::ClickEntry(Page().lstSearch, 0);
+        QCOMPARE(Pane().Text(), QString());
+    }
+
     void EqualTitlesStandOnceInTheResult() {
         Page().lstSearch->AddItems({u"Lease"_qs, u"Deed"_qs, u"Lease"_qs, u"lease"_qs, u"Deed"_qs});
         Main().searchCommands->RemoveDuplicateResults();
