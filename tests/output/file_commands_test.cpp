@@ -190,6 +190,7 @@ void FileCommandsTest::AnOpenFileAsksForAnotherName() {
     window.Edit(u"Deed"_qs);
     QVERIFY(window.Write(u"open.rtf"_qs, "old"));
     QVERIFY(window.Write(u".~lock.open.rtf#"_qs, "x"));
+    window.State().DocumentSaved = true;
     window.Answer(u"open.rtf"_qs);
     window.Answer(u"free.rtf"_qs);
     window.Files().SaveAsRTFFile(); // answered No
@@ -201,6 +202,8 @@ void FileCommandsTest::AnOpenFileAsksForAnotherName() {
     QCOMPARE(asked.buttons, MessageButtons::YesNo);
     QCOMPARE(window.Read(u"open.rtf"_qs), QByteArray("old"));
     QVERIFY(!QFile::exists(window.Path(u"free.rtf"_qs)));
+    QVERIFY(window.SaveEnabled());
+    QVERIFY(window.State().DocumentSaved);
     window.services.messageBox.answer = platform::MessageAnswer::Yes;
     window.services.commonDialog.files = {window.Path(u"open.rtf"_qs), window.Path(u"free.rtf"_qs)};
     window.Files().SaveAsRTFFile();
@@ -250,6 +253,7 @@ void FileCommandsTest::TheOldFileStaysWhenSavingFails() {
 void FileCommandsTest::NewEmptiesTheDocument() {
     FileWindow& window = *m_window;
     window.Edit(u"Deed"_qs);
+    window->txtContent()->setFileName(u"name"_qs);
     window.State().CurrentFilePath = u"path"_qs;
     window.State().CurrentFileTitle = u"title"_qs;
     window->SetTab(Tab::History);
@@ -266,12 +270,17 @@ void FileCommandsTest::NewOnMyFormsBeginsAForm() {
     window.Edit(u"Deed"_qs);
     window->SetTab(Tab::MyForms);
     window->txtMyContent()->setText(u"own"_qs);
+    window->txtContent()->setFileName(u"name"_qs);
     window.State().CurrentFilePath = u"path"_qs;
+    window.State().CurrentFileTitle = u"title"_qs;
     window.Files().New();
     QCOMPARE(window->CurrentTab(), Tab::MyForms);
     QCOMPARE(window->txtMyContent()->Text(), QString());
+    QVERIFY(window.State().NewFormMode);
     QCOMPARE(window->txtContent()->Text(), u"Deed"_qs);
+    QCOMPARE(window->txtContent()->FileName(), u"name"_qs);
     QCOMPARE(window.State().CurrentFilePath, u"path"_qs);
+    QCOMPARE(window.State().CurrentFileTitle, u"title"_qs);
 }
 
 void FileCommandsTest::EachChoiceOfTheSaveDialogRunsItsRoutine_data() {

@@ -99,10 +99,15 @@ void FileOpeningTest::CancellingOpenChangesNothing() {
 void FileOpeningTest::AnUnreadableFileLeavesThePaneAndSetsTheCaption() {
     FileWindow& window = *m_window;
     window.Edit(u"Deed"_qs);
+    window->txtContent()->setSelStart(3);
+    window->SetTab(Tab::Search);
     window.Answer(u"gone.rtf"_qs);
     window.Files().Open();
     QCOMPARE(window->txtContent()->Text(), u"Deed"_qs);
+    QCOMPARE(window->txtContent()->SelStart(), 0);
+    QCOMPARE(window->CurrentTab(), Tab::EditForm);
     QCOMPARE(window->windowTitle(), u"gone.rtf"_qs);
+    QCOMPARE(window.State().CurrentFilePath, window.Path(u"gone.rtf"_qs));
     QVERIFY(window.services.messageBox.shown.empty());
 }
 
