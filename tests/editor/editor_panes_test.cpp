@@ -3,6 +3,7 @@
 
 #include "app/menu_tree.h"
 #include "editor/edit_tool_bar.h"
+#include "editor/undo_commands.h"
 #include "library/category_browser.h"
 #include "library/my_forms_page.h"
 #include "platform/controls/combo_box.h"
@@ -79,6 +80,27 @@ private Q_SLOTS:
         QCOMPARE(pane->SelFontSize(), std::optional(12.0));
     }
 
+    void AnEmptiedPaneOfOwnFormsKeepsNoOtherFormatAndIsRecordedSo() {
+        RichTextBox* pane = Go(Tab::MyForms);
+        pane->setText(u"x"_qs);
+        pane->selectAll();
+        pane->setSelFontSize(20);
+        pane->setSelBold(true);
+        pane->setSelColor(Qt::red);
+        pane->setSelAlignment(2);
+        pane->setSelIndent(700);
+        const PaneHistory& history = Main().undoCommands->MyHistory();
+        const int before = history.Index();
+        QTest::keyClick(pane, Qt::Key_Delete);
+        QCOMPARE(pane->SelBold(), std::optional(false));
+        QCOMPARE(pane->SelColor(), std::optional(QColor(Qt::black)));
+        QCOMPARE(pane->SelAlignment(), std::optional(0));
+        QCOMPARE(pane->SelIndent(), std::optional(0));
+        QCOMPARE(history.Index(), before + 1);
+        QCOMPARE(QString::fromLatin1(history.Entry(history.Index())->Join()), pane->TextRTF());
+        QVERIFY(pane->TextRTF().contains(u"Times New Roman"_qs));
+    }
+
     void AClickInTheReadingPaneGoesToTheEditPageFromAnyOther_data() {
         QTest::addColumn<int>("tab");
         for (int tab : {0, 1, 2, 3, 4})
@@ -128,6 +150,25 @@ private Q_SLOTS:
         QVERIFY(!Bar().btnBold->Value());
         QCOMPARE(Bar().cboFonts->Text(), u"Times New Roman"_qs); // of the caret before
         QCOMPARE(Bar().cboFontSize->Text(), u"12"_qs);
+    }
+
+    void EachMixedFormatShowsItsButtonsNotPressed() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"one\ntwo"_qs);
+        pane->setSelStart(0);
+        pane->setSelLength(3);
+        pane->setSelItalic(true);
+        pane->setSelUnderline(true);
+        for (const int alignment : {0, 1, 2}) {
+            pane->setSelStart(0);
+            pane->setSelAlignment(alignment);
+            pane->setSelStart(4);
+            pane->setSelAlignment((alignment + 1) % 3);
+            pane->selectAll();
+            for (const platform::MyButton* button :
+                 {Bar().btnItalic, Bar().btnUnderline, Bar().btnLeft, Bar().btnCenter, Bar().btnRight})
+                QVERIFY2(!button->Value(), qPrintable(button->objectName()));
+        }
     }
 
     void TheFormatIsShownWhenThePageIsChosen() {
@@ -425,6 +466,24 @@ private Q_SLOTS:
         QCOMPARE(mine->SelFontName(), std::optional(u"Liberation Sans"_qs));
         QCOMPARE(mine->SelFontSize(), std::optional(20.0));
         QCOMPARE(reading->TextRTF(), before);
+    }
+
+    void PassingTheCombosLeavesAMixedSelection() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"one two"_qs);
+        pane->setSelStart(4);
+        pane->setSelLength(3);
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        pane->selectAll(); // the combos keep showing the second word's
+        const QString before = pane->TextRTF();
+        for (platform::ComboBox* combo : {Bar().cboFonts, Bar().cboFontSize}) {
+            QVERIFY(combo->Items().contains(combo->Text()));
+            combo->setFocus();
+            QTest::keyClick(combo, Qt::Key_Tab);
+            QVERIFY(!combo->hasFocus());
+            QCOMPARE(pane->TextRTF(), before);
+        }
     }
 
     void ASizeTypedCountsWhenEnterIsPressed() {

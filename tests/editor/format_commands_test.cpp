@@ -382,6 +382,16 @@ private Q_SLOTS:
         QVERIFY(m_window->services.messageBox.shown.empty());
     }
 
+    void OnlyStrikethroughMayBeMixedForTheFontDialog() {
+        RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
+        pane->setSelStrikeThru(true);
+        pane->selectAll();
+        QVERIFY(!pane->SelStrikeThru());
+        Dialog().confirmed = false;
+        Run(u"btnFontDialog"_qs);
+        QCOMPARE(Dialog().fontsShown.size(), size_t(1));
+    }
+
     void TheColourChosenGoesOntoTheSelection_data() {
         QTest::addColumn<int>("tab");
         QTest::newRow("btnFontColor") << 2;

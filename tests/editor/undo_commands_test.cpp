@@ -245,6 +245,23 @@ private Q_SLOTS:
         QVERIFY(Main().State().DocumentSaved);
     }
 
+    void AnUndoIntoAnEmptyOwnFormRecordsNothing() {
+        Main().SetTab(Tab::MyForms);
+        RichTextBox& mine = *Main().txtMyContent();
+        mine.setText(u"x"_qs);
+        QTest::keyClick(&mine, Qt::Key_Delete);
+        QCOMPARE(mine.Text(), QString());
+        const QString empty = mine.TextRTF();
+        QTest::keyClicks(&mine, u"y"_qs);
+        const int index = Main().undoCommands->MyHistory().Index();
+        Bar().btnMyUndo->click();
+        QCOMPARE(mine.TextRTF(), empty);
+        QCOMPARE(Main().undoCommands->MyHistory().Index(), index - 1);
+        Bar().btnMyRedo->click();
+        QCOMPARE(mine.Text(), u"y"_qs);
+        QCOMPARE(Main().undoCommands->MyHistory().Index(), index);
+    }
+
     void RedoLeavesWhetherTheDocumentIsSaved() {
         QTest::keyClicks(&Pane(), u"ab"_qs);
         Bar().btnUndo->click();

@@ -16,8 +16,11 @@ ComboBox::ComboBox(bool sorted, bool editable, QWidget* parent)
     setEditable(editable);
     setInsertPolicy(QComboBox::NoInsert);
     setFocusPolicy(Qt::StrongFocus); // the wheel over it is the page's
-    if (editable)
+    if (editable) {
         setCompleter(nullptr); // what is typed stays as typed
+        // Qt would pick the entry that the text is equal to when the box is left
+        disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    }
     connect(this, &QComboBox::activated, this, &ComboBox::Click);
 }
 

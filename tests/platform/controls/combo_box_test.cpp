@@ -67,6 +67,31 @@ private Q_SLOTS:
         QCOMPARE(box.ListCount(), 1);
     }
 
+    void LeavingABoxPicksNothing_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::newRow("passed with the keyboard") << QString();
+        QTest::newRow("an entry typed") << u"14"_qs;
+    }
+    void LeavingABoxPicksNothing() {
+        QFETCH(QString, typed);
+        QWidget window;
+        ComboBox box(false, true, &window);
+        QLineEdit other(&window);
+        box.AddItems({u"10"_qs, u"12"_qs, u"14"_qs});
+        box.setListIndex(1);
+        box.setText(u"10"_qs); // another entry's text
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QSignalSpy clicks(&box, &ComboBox::Click);
+        box.setFocus();
+        box.lineEdit()->selectAll();
+        QTest::keyClicks(box.lineEdit(), typed);
+        QTest::keyClick(box.lineEdit(), Qt::Key_Tab);
+        QVERIFY(other.hasFocus());
+        QCOMPARE(clicks.size(), 0);
+        QCOMPARE(box.Text(), typed.isEmpty() ? u"10"_qs : typed);
+    }
+
     static void Turn(QWidget& control, int notches) {
         QWheelEvent event(QPointF(5, 5), control.mapToGlobal(QPointF(5, 5)), {}, {0, 120 * notches},
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
