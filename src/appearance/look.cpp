@@ -1,9 +1,13 @@
 #include "appearance/look.h"
 
+#include "appearance/icons.h"
+
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QEvent>
 #include <QFontInfo>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QStyleFactory>
 
@@ -137,6 +141,36 @@ QPalette WithAccent(QPalette palette) {
     return palette;
 }
 
+// The desktop's manner with the program's own pictures in message boxes, and the default button at the right
+// of every dialog.
+class Style final : public QProxyStyle {
+public:
+    Style()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        switch (icon) {
+        case SP_MessageBoxInformation:
+            return Picture(QStringLiteral("message-information"));
+        case SP_MessageBoxQuestion:
+            return Picture(QStringLiteral("message-question"));
+        case SP_MessageBoxWarning:
+            return Picture(QStringLiteral("message-warning"));
+        case SP_MessageBoxCritical:
+            return Picture(QStringLiteral("message-critical"));
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_DialogButtonLayout ? int(QDialogButtonBox::GnomeLayout)
+                                             : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
 // Takes the rules and the accent along when the desktop changes its colours while the program runs.
 class LookKeeper final : public QObject {
 public:
@@ -171,8 +205,8 @@ private:
 } // namespace
 
 void ApplyLook(QApplication& application) {
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    new LookKeeper(application); // owned by the application
+    application.setStyle(new Style); // owned by the application
+    new LookKeeper(application);     // owned by the application
 }
 
 } // namespace quillbrook

@@ -47,6 +47,7 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     connect(btnUpdate, &MyButton::Click, this, &MyFormsPage::UpdateMyForm);
     connect(btnCancelNew, &MyButton::Click, this, &MyFormsPage::CancelNewMyForm);
     connect(btnDelete, &MyButton::Click, this, &MyFormsPage::DeleteMyForm);
+    connect(txtMyTitle, &QLineEdit::editingFinished, this, &MyFormsPage::ShowBeginnings);
     connect(txtMyTitle, &QLineEdit::returnPressed, this, [this] { SetFocus(cboMySubCategory); });
     connect(cboMySubCategory->lineEdit(), &QLineEdit::returnPressed, this,
             [this] { SetFocus(m_workbench.txtMyContent()); });
@@ -77,6 +78,7 @@ void MyFormsPage::BuildLists(QWidget* page) {
     lstMySubCategory = new ListBox(true, frmSubCategory);
     lstMySubCategory->setObjectName(QStringLiteral("lstMySubCategory"));
     lstMySubCategory->setAccessibleName(tr("Categories of my forms"));
+    lstMySubCategory->WrapEntries();
     lstMySubCategory->setGeometry(6, 20, 188, kHeight - 26);
 
     fmeMyTitle = MakeFrame(page, "fmeMyTitle", tr("Click Title:"));
@@ -84,6 +86,7 @@ void MyFormsPage::BuildLists(QWidget* page) {
     lstMyTitle = new ListBox(true, fmeMyTitle);
     lstMyTitle->setObjectName(QStringLiteral("lstMyTitle"));
     lstMyTitle->setAccessibleName(tr("Titles of my forms"));
+    lstMyTitle->WrapEntries();
     lstMyTitle->setGeometry(6, 20, kFieldsWidth - 12, kHeight - 26);
 }
 
@@ -192,6 +195,7 @@ void MyFormsPage::MyTitleClick() {
         if (const auto content = m_store.MyFormsField(QStringLiteral("Content")))
             m_workbench.txtMyContent()->setTextRTF(*content);
         m_store.CloseMyFormsQuery();
+        ShowBeginnings();
     }
     SetFocus(m_workbench.txtMyContent());
     if (lstMySubCategory->ListCount() == 0) {
@@ -202,6 +206,12 @@ void MyFormsPage::MyTitleClick() {
     }
     m_state.NewFormMode = false;
     Q_EMIT HistoryStartsAfresh();
+}
+
+// Long titles are known by their beginning.
+void MyFormsPage::ShowBeginnings() {
+    txtMyTitle->setCursorPosition(0);
+    cboMySubCategory->lineEdit()->setCursorPosition(0);
 }
 
 void MyFormsPage::StartNewMyForm() {

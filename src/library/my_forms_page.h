@@ -114,6 +114,7 @@ private:
     bool HasTitle();
     bool HasSubCategoryAndText();
     bool IsTitleFree();
+    void ShowBeginnings();
     void Inform(const QString& text, QWidget* next);
     bool Confirm(const QString& question);
 

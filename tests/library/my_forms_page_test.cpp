@@ -403,6 +403,22 @@ private Q_SLOTS:
         QVERIFY(HasFocus(&Pane()));
     }
 
+    void ALongTitleShowsItsBeginning() {
+        Open({Own(u"Claim against the heirs of Don Santiago"_qs, u"Land cases of the second district"_qs)});
+        QCOMPARE(Page().txtMyTitle->cursorPosition(), 0);
+        QCOMPARE(Page().cboMySubCategory->lineEdit()->cursorPosition(), 0);
+        Page().btnNew->click();
+        QTest::keyClicks(Page().txtMyTitle, u"Deed of Sale"_qs);
+        QTest::keyClick(Page().txtMyTitle, Qt::Key_Return);
+        QCOMPARE(Page().txtMyTitle->cursorPosition(), 0);
+    }
+
+    void LongEntriesAreReadWhole() {
+        Open({Own(u"Claim of the heirs of Don Santiago of the second district"_qs, u"Land"_qs)});
+        const platform::ListBox& titles = *Page().lstMyTitle;
+        QVERIFY(titles.visualRect(titles.model()->index(0, 0)).height() > 2 * titles.fontMetrics().height());
+    }
+
     void ATitleHidesTheHitControls() {
         GoTo(MyFormsMode::Browsing);
         Main().searchPage->btnNextHit->show();

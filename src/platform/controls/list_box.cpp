@@ -2,6 +2,8 @@
 
 #include "platform/controls/list_model.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -11,9 +13,20 @@ namespace platform {
 
 namespace {
 
-// Draws an entry over as many lines as it needs. Qt's own delegate measures without the padding that a style
-// sheet gives entries, and so ends an entry in dots that it took for fitting.
-class WrappingDelegate final : public QStyledItemDelegate {
+constexpr int kSide = 6;  // beside an entry's text, in pixels
+constexpr int kAbove = 2; // above and below it
+
+// How many of the lines of an entry that begins at `top` are seen wholly; one in a list that is lower than a
+// line.
+int WholeLines(int top, int lineHeight, int viewHeight) {
+    const int lines = (viewHeight - top - kAbove) / lineHeight;
+    return top <= 0 ? std::max(lines, 1) : lines;
+}
+
+// Draws an entry over as many lines as it needs, but no line of which only a part would be seen. Qt's own
+// delegate measures without the padding that a style sheet gives entries, and so ends an entry in dots that
+// it took for fitting.
+class LineDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
@@ -29,16 +42,25 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
+        const auto* list = qobject_cast<const QListView*>(option.widget);
+        const int lineHeight = option.fontMetrics.lineSpacing();
+        const int lines = list ? WholeLines(option.rect.top(), lineHeight, list->viewport()->height())
+                               : INT_MAX / lineHeight;
+        if (lines <= 0)
+            return;
         QStyleOptionViewItem ground = option;
         initStyleOption(&ground, index);
         const QString text = std::exchange(ground.text, QString());
-        option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, option.widget);
         painter->save();
+        if (lines < (option.rect.height() - kAbove) / lineHeight) {
+            ground.rect.setHeight(kAbove + lines * lineHeight);
+            painter->setClipRect(ground.rect);
+        }
+        option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, option.widget);
         const bool selected = option.state.testFlag(QStyle::State_Selected);
         painter->setFont(option.font);
         painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
         const QRect room = option.rect.adjusted(kSide, kAbove, -kSide, -kAbove);
-        const auto* list = qobject_cast<const QListView*>(option.widget);
         if (list && list->uniformItemSizes())
             painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
                               option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
@@ -49,8 +71,6 @@ public:
 
 private:
     static constexpr int kFlags = Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop;
-    static constexpr int kSide = 6;
-    static constexpr int kAbove = 2;
 };
 
 } // namespace
@@ -59,6 +79,7 @@ ListBox::ListBox(bool sorted, QWidget* parent)
     : QListView(parent)
     , m_model(new ListModel(sorted, this)) {
     setModel(m_model);
+    setItemDelegate(new LineDelegate(this));
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformItemSizes(true);
@@ -70,7 +91,6 @@ ListBox::ListBox(bool sorted, QWidget* parent)
 
 void ListBox::WrapEntries() {
     m_wraps = true;
-    setItemDelegate(new WrappingDelegate(this));
     setResizeMode(QListView::Adjust);
     FitEntries();
 }
@@ -102,6 +122,7 @@ void ListBox::AddItems(const QStringList& texts) {
 
 void ListBox::RemoveItem(int index) {
     const QScopedValueRollback quiet(m_quiet, true);
+    m_typing.stop();
     // removing the selected entry selects none, not its neighbour
     if (index == ListIndex())
         setCurrentIndex({});
@@ -110,6 +131,7 @@ void ListBox::RemoveItem(int index) {
 
 void ListBox::Clear() {
     const QScopedValueRollback quiet(m_quiet, true);
+    m_typing.stop();
     m_model->Clear();
 }
 
@@ -131,6 +153,7 @@ QStringList ListBox::Items() const {
 
 void ListBox::SetItems(const QStringList& items) {
     const QScopedValueRollback quiet(m_quiet, true);
+    m_typing.stop();
     m_model->Replace(items);
     FitEntries();
 }
@@ -150,6 +173,7 @@ int ListBox::ListIndex() const {
 void ListBox::setListIndex(int index) {
     if (index < 0 || index >= ListCount())
         return;
+    m_typing.stop();
     {
         const QScopedValueRollback quiet(m_quiet, true);
         setCurrentIndex(m_model->index(index));
@@ -157,12 +181,20 @@ void ListBox::setListIndex(int index) {
     Q_EMIT Click();
 }
 
+QModelIndex ListBox::EntryAt(const QPoint& place) const {
+    const QModelIndex entry = indexAt(place);
+    const bool isSeen = entry.isValid() && WholeLines(visualRect(entry).top(), fontMetrics().lineSpacing(),
+                                                      viewport()->height()) > 0;
+    return isSeen ? entry : QModelIndex();
+}
+
 void ListBox::mousePressEvent(QMouseEvent* event) {
     // only the left button chooses; the space below the entries keeps what was chosen
-    if (event->button() != Qt::LeftButton || !indexAt(event->position().toPoint()).isValid()) {
+    if (event->button() != Qt::LeftButton || !EntryAt(event->position().toPoint()).isValid()) {
         event->accept();
         return;
     }
+    m_typing.stop();
     m_mouseDown = true;
     QListView::mousePressEvent(event);
 }
@@ -178,14 +210,47 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void ListBox::mouseMoveEvent(QMouseEvent* event) {
     QListView::mouseMoveEvent(event);
-    const QModelIndex entry = indexAt(event->position().toPoint());
+    const QModelIndex entry = EntryAt(event->position().toPoint());
     Q_EMIT MouseMove(event->buttons(), entry.isValid() ? entry.row() : -1);
 }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
     QListView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+    if (event->button() == Qt::LeftButton && EntryAt(event->position().toPoint()).isValid())
         Q_EMIT DoubleClick();
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    if (m_typing.isActive() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        ChooseTyped();
+        return;
+    }
+    QListView::keyPressEvent(event);
+}
+
+// The letters of a word come one by one. The first one's entry is not chosen yet: who is told of it may take
+// the focus away, and with it the other letters.
+void ListBox::keyboardSearch(const QString& search) {
+    if (!m_typing.isActive())
+        m_typedFrom = ListIndex();
+    {
+        const QScopedValueRollback quiet(m_quiet, true);
+        QListView::keyboardSearch(search);
+    }
+    m_typing.start(QApplication::keyboardInputInterval(), this);
+}
+
+void ListBox::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == m_typing.timerId())
+        ChooseTyped();
+    else
+        QListView::timerEvent(event);
+}
+
+void ListBox::ChooseTyped() {
+    m_typing.stop();
+    if (ListIndex() >= 0 && ListIndex() != m_typedFrom)
+        Q_EMIT Click();
 }
 
 // Qt's list would choose its first entry when it gets the focus.
@@ -199,8 +264,10 @@ void ListBox::focusInEvent(QFocusEvent* event) {
 
 void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QListView::currentChanged(current, previous);
-    if (!m_quiet && !m_mouseDown && current.isValid())
-        Q_EMIT Click();
+    if (m_quiet || m_mouseDown || !current.isValid())
+        return;
+    m_typing.stop();
+    Q_EMIT Click();
 }
 
 } // namespace platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QListView>
 #include <QStringList>
 
@@ -42,7 +43,8 @@ public:
     void setListIndex(int index);
 
 Q_SIGNALS:
-    // The user chose an entry by mouse or key, or the program by setText or setListIndex.
+    // The user chose an entry by mouse or key, or the program by setText or setListIndex. An entry whose
+    // first letters are typed is chosen when Enter or no further letter comes.
     void Click();
     void DoubleClick();
     // The mouse moved over the list, over the entry of an index or, with -1, beside all of them.
@@ -53,14 +55,21 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyboardSearch(const QString& search) override;
+    void timerEvent(QTimerEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     void FitEntries();
+    QModelIndex EntryAt(const QPoint& place) const; // only an entry of which a line is seen
+    void ChooseTyped();
 
     ListModel* m_model;
     bool m_wraps = false;
+    QBasicTimer m_typing;     // runs until no further letter is waited for
+    int m_typedFrom = -1;     // selected before the first letter
     bool m_mouseDown = false; // a choice by mouse counts when the button is let go
     bool m_quiet = false;     // the program changes the selection: it raises Click itself, or not at all
 };

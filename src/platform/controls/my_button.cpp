@@ -1,5 +1,6 @@
 #include "platform/controls/my_button.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionToolButton>
@@ -49,6 +50,15 @@ void MyButton::mousePressEvent(QMouseEvent* event) {
         }
     }
     QToolButton::mousePressEvent(event);
+}
+
+void MyButton::keyPressEvent(QKeyEvent* event) {
+    const bool dropsDown = popupMode() == QToolButton::MenuButtonPopup && event->key() == Qt::Key_Down &&
+                           (event->modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier;
+    if (dropsDown)
+        Q_EMIT DropDownClick();
+    else
+        QToolButton::keyPressEvent(event);
 }
 
 } // namespace platform

@@ -28,7 +28,7 @@ public:
 
     QString KindName() const; // "plain", "tool", "toggle", "large": for the rules of the look
 
-    // Adds the drop-down part.
+    // Adds the drop-down part. The keyboard reaches it by Alt+Down.
     void AddDropDown();
 
 Q_SIGNALS:
@@ -38,6 +38,7 @@ Q_SIGNALS:
 protected:
     void nextCheckState() override {} // the pressed state is set by the program alone
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     Kind m_kind;

@@ -1,6 +1,7 @@
 #include "platform/controls/ss_tab.h"
 
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 
@@ -27,6 +28,14 @@ SSTab::SSTab(QWidget* parent)
         if (m_strip->count() > 1)
             Q_EMIT Click(previous);
     });
+    const auto turns = [this](Qt::Key key, int by) {
+        connect(new QShortcut(QKeySequence(Qt::CTRL | key), this), &QShortcut::activated, this, [this, by] {
+            const int count = std::max(m_strip->count(), 1);
+            setTab((Tab() + by + count) % count);
+        });
+    };
+    turns(Qt::Key_PageDown, 1);
+    turns(Qt::Key_PageUp, -1);
 }
 
 QWidget* SSTab::AddPage(const QString& caption, const QIcon& picture) {

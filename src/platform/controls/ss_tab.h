@@ -8,7 +8,8 @@ class QTabBar;
 namespace platform {
 
 // Tabs with a page each, numbered from 0. The strip of tabs has a fixed height, so that controls can be
-// placed on a page by their place in the whole tab control.
+// placed on a page by their place in the whole tab control. Ctrl+Page Down and Ctrl+Page Up turn to the next
+// and the previous page from anywhere in the window, round and round.
 class SSTab final : public QWidget {
     Q_OBJECT
 

@@ -2,8 +2,36 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace platform {
+
+namespace {
+
+// A panel that is too narrow for its text ends it in dots.
+class Panel final : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+    QSize minimumSizeHint() const override { return {0, QPushButton::minimumSizeHint().height()}; }
+
+    QString ShownText() const {
+        constexpr int kEdges = 2 * 9; // padding and edge of both sides
+        return fontMetrics().elidedText(text(), Qt::ElideRight, width() - kEdges);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.text = ShownText();
+        painter.drawControl(QStyle::CE_PushButton, option);
+    }
+};
+
+} // namespace
 
 StatusBar::StatusBar(QWidget* parent)
     : QWidget(parent) {
@@ -15,7 +43,7 @@ StatusBar::StatusBar(QWidget* parent)
 
 void StatusBar::AddPanel(const QString& text) {
     const int index = int(m_panels.size()) + 1;
-    auto* panel = new QPushButton(text, this);
+    auto* panel = new class Panel(text, this);
     panel->setObjectName(QStringLiteral("StatusBar1Panel%1").arg(index));
     panel->setFlat(true);
     panel->setProperty("panel", true);

@@ -4,6 +4,9 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QScreen>
+#include <QTreeView>
 
 namespace platform {
 
@@ -24,10 +27,23 @@ bool CommonDialog::ShowColor(QWidget* parent, QColor& color) {
     return true;
 }
 
+// Kind and date of the files are to be read whole, the name has the rest.
+static void GiveRoom(QFileDialog& dialog) {
+    constexpr QSize kDialog(760, 460);
+    dialog.resize(kDialog.boundedTo(dialog.screen()->availableSize() * 9 / 10));
+    auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!list)
+        return;
+    list->header()->setStretchLastSection(false);
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 // Shows the dialog with the file chosen last in it. Of a filter the user sees the name: its patterns can be
 // others than those that the name tells.
 static bool ShowFileDialog(QFileDialog& dialog, FileChoice& choice) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
+    GiveRoom(dialog);
     if (!choice.FileName.isEmpty())
         dialog.selectFile(choice.FileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

@@ -5,6 +5,7 @@
 
 #include <QBoxLayout>
 #include <QDir>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -23,9 +24,9 @@ namespace {
 
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kMargin = 8;
-constexpr QSize kWindow(1024, 700);
+constexpr QSize kWindow(1088, 700);
 constexpr QSize kButton(84, 28);
-constexpr int kSide = 280;
+constexpr int kLeastSide = 280;
 constexpr double kPageMargin = 24;
 constexpr int kMostMarks = 2000;
 
@@ -56,17 +57,16 @@ HelpWindow::HelpWindow(QWidget* owner)
     browser->setAccessibleName(tr("Help page"));
     browser->document()->setDocumentMargin(kPageMargin);
     MakeTabs();
-    auto* splitter = new QSplitter;
-    splitter->addWidget(tabs);
-    splitter->addWidget(browser);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({kSide, kWindow.width() - kSide});
-    splitter->setChildrenCollapsible(false);
+    m_sides = new QSplitter;
+    m_sides->addWidget(tabs);
+    m_sides->addWidget(browser);
+    m_sides->setStretchFactor(1, 1);
+    m_sides->setChildrenCollapsible(false);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->setSpacing(kMargin);
     layout->addWidget(MakeButtons());
-    layout->addWidget(splitter, 1);
+    layout->addWidget(m_sides, 1);
     const QRect free = screen()->availableGeometry();
     resize(kWindow.boundedTo(free.size() * 9 / 10));
     move(free.center() - rect().center());
@@ -111,6 +111,7 @@ void HelpWindow::MakeTabs() {
     contents->setObjectName(QStringLiteral("HelpContents"));
     contents->setAccessibleName(tr("Contents"));
     contents->setHeaderHidden(true);
+    contents->header()->setStretchLastSection(false);
     contents->setFrameShape(QFrame::NoFrame);
     indexWord = new QLineEdit;
     indexWord->setObjectName(QStringLiteral("HelpIndexWord"));
@@ -155,6 +156,8 @@ void HelpWindow::MakeTabs() {
 }
 
 bool HelpWindow::ShowFile(const QString& path) {
+    if (!isVisible())
+        tabs->setCurrentWidget(contents);
     if (m_book.IsOpen() && path == m_path) {
         browser->ShowPage(m_book.HomePage());
         return true;
@@ -202,6 +205,11 @@ void HelpWindow::FillContents() {
         path.push_back(item);
     }
     contents->expandAll();
+    // wide enough for the longest entry, but no wider than half the window
+    const int frame = 2 * kMargin + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    contents->resizeColumnToContents(0);
+    const int side = std::clamp(contents->columnWidth(0) + frame, kLeastSide, kWindow.width() / 2);
+    m_sides->setSizes({side, kWindow.width() - side});
 }
 
 void HelpWindow::FillIndex() {

@@ -7,6 +7,7 @@
 class QLineEdit;
 class QListWidget;
 class QPrinter;
+class QSplitter;
 class QTabWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -60,6 +61,7 @@ private:
     void AskAndPrint();
     void TellTrouble(ChmFile::State state);
 
+    QSplitter* m_sides;
     QString m_path;
     HelpBook m_book;
     bool m_marksWords = false; // the page came from the search

@@ -400,6 +400,24 @@ void RichTextBox::FitWrapping(const QString& newText) {
 void RichTextBox::ScrollToCaret() {
     if (isVisible())
         ensureCursorVisible();
+    ShowMarginAtCaret();
+}
+
+// The first line is shown with the margin above it, the last one with that below.
+void RichTextBox::ShowMarginAtCaret() {
+    if (!isVisible())
+        return;
+    QScrollBar* bar = verticalScrollBar();
+    const QRect caret = cursorRect();
+    const QTextBlockFormat paragraph = textCursor().blockFormat();
+    const int above = bar->value() - bar->minimum();
+    const int below = bar->maximum() - bar->value();
+    const int bottom = viewport()->height() - caret.bottom();
+    const int room = VerticalMargin() + caret.height();
+    if (above + caret.top() < room + paragraph.topMargin() && bottom > above)
+        bar->setValue(bar->minimum());
+    else if (below + bottom < room + paragraph.bottomMargin() && caret.top() >= below)
+        bar->setValue(bar->maximum());
 }
 
 void RichTextBox::resizeEvent(QResizeEvent* event) {

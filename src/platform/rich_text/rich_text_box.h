@@ -186,6 +186,7 @@ private:
     void KeepFontOfEmptyBox(const QTextCharFormat& format);
     void ShowChangedMarkers(int paragraphsAdded);
     void ScrollToCaret();
+    void ShowMarginAtCaret();
 
     QString m_fileName;
     bool m_pageLike = false;

@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QResizeEvent>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -25,6 +26,12 @@ bool IsHistoryKey(const QKeyEvent& event) {
 // Delete has a text of its own here, and stands for no character.
 bool StandsForCharacter(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.key() != Qt::Key_Delete;
+}
+
+// The keys that go to an edge of the text; the caret may be there already, and only the view away.
+bool GoesToEdge(const QKeyEvent& event) {
+    return event.matches(QKeySequence::MoveToStartOfDocument) ||
+           event.matches(QKeySequence::MoveToEndOfDocument);
 }
 
 // A letter with Alt is for the menus, and types nothing where no menu has it.
@@ -91,7 +98,11 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
             FreeFiller();
         }
     }
+    const int caret = textCursor().position();
+    const int scrolled = verticalScrollBar()->value();
     QTextEdit::keyPressEvent(event);
+    if (caret != textCursor().position() || scrolled != verticalScrollBar()->value() || GoesToEdge(*event))
+        ShowMarginAtCaret();
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {

@@ -38,6 +38,7 @@ bool RichTextBox::setSelStart(int start) {
     if (cursor.hasSelection() || cursor.position() != position) {
         cursor.setPosition(position);
         setTextCursor(cursor);
+        ShowMarginAtCaret();
     }
     return true;
 }

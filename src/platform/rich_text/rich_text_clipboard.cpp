@@ -59,6 +59,14 @@ std::vector<Run> RunsOf(const QTextDocument& document) {
     return runs;
 }
 
+// Headings and the like tell their size by steps from the text around them, which no file keeps.
+void SettleSize(QTextCharFormat& format) {
+    constexpr std::array kSizes = {8.0, 10.0, 12.0, 14.0, 18.0, 24.0, 29.0}; // points, from step -2 on
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment);
+    format.clearProperty(QTextFormat::FontSizeAdjustment);
+    format.setFontPointSize(kSizes[size_t(std::clamp(step + 2, 0, int(kSizes.size()) - 1))]);
+}
+
 // HTML as it suits a box: no pictures, lists by paragraphs with markers of their own.
 std::unique_ptr<QTextDocument> HtmlDocument(const QString& html) {
     auto document = std::make_unique<ClosedDocument>();
@@ -75,11 +83,15 @@ std::unique_ptr<QTextDocument> HtmlDocument(const QString& html) {
     cursor.mergeBlockFormat(wrapped);
     const std::vector<Run> runs = RunsOf(*document);
     for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
-        if (!run->format.isImageFormat())
-            continue;
         cursor.setPosition(run->begin);
         cursor.setPosition(run->end, QTextCursor::KeepAnchor);
-        cursor.removeSelectedText();
+        if (run->format.isImageFormat()) {
+            cursor.removeSelectedText();
+        } else if (run->format.hasProperty(QTextFormat::FontSizeAdjustment)) {
+            QTextCharFormat format = run->format;
+            SettleSize(format);
+            cursor.setCharFormat(format);
+        }
     }
     std::vector<std::pair<QTextBlock, QString>> markers;
     for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
@@ -264,8 +276,9 @@ std::unique_ptr<QTextDocument> DocumentOfMime(const QMimeData& data) {
         }
     }
     if (data.hasHtml() && data.html().size() <= kMostHtml) {
-        if (std::unique_ptr<QTextDocument> document = HtmlDocument(data.html()))
-            return document;
+        // what a form cannot keep is not shown first to be lost with the first step of undo
+        if (const std::unique_ptr<QTextDocument> document = HtmlDocument(data.html()))
+            return ReadRtf(WriteRtf(*document));
     }
     return nullptr;
 }

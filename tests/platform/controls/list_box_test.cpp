@@ -140,6 +140,72 @@ private Q_SLOTS:
         QCOMPARE(list.Text(), u"Motions"_qs);
     }
 
+    void TheLettersOfAWordChooseOneEntryAtTheirEnd() {
+        ListBox list(true);
+        list.AddItems({u"Deed"_qs, u"Demand"_qs, u"Motions"_qs});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClicks(&list, u"dem"_qs);
+        QCOMPARE(clicks.size(), 0);
+        QTRY_COMPARE(clicks.size(), 1);
+        QCOMPARE(list.Text(), u"Demand"_qs);
+    }
+
+    void EnterBehindTypedLettersChoosesAtOnce() {
+        ListBox list(true);
+        list.AddItems({u"Deed"_qs, u"Motions"_qs});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClick(&list, Qt::Key_M);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(clicks.size(), 1);
+        QTest::qWait(QApplication::keyboardInputInterval() + 100);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void AnotherChoiceEndsWhatTypedLettersBegan() {
+        ListBox list(true);
+        list.AddItems({u"Deed"_qs, u"Motions"_qs});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClick(&list, Qt::Key_M);
+        list.setListIndex(0);
+        QTest::keyClick(&list, Qt::Key_M);
+        list.SetItems({u"Deed"_qs, u"Motions"_qs});
+        QTest::qWait(QApplication::keyboardInputInterval() + 100);
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    void ALineSeenOnlyInPartIsNeitherDrawnNorChosen_data() {
+        QTest::addColumn<bool>("wraps");
+        QTest::newRow("one line each") << false;
+        QTest::newRow("more lines") << true;
+    }
+    void ALineSeenOnlyInPartIsNeitherDrawnNorChosen() {
+        QFETCH(bool, wraps);
+        ListBox list(false);
+        if (wraps)
+            list.WrapEntries();
+        list.AddItems(QStringList(20, u"MMMM"_qs));
+        list.show();
+        const int row = list.visualRect(list.model()->index(0, 0)).height();
+        list.resize(200, list.height() - list.viewport()->height() + 3 * row + row / 2);
+        QTRY_COMPARE(list.viewport()->height(), 3 * row + row / 2);
+        const QImage drawn = list.viewport()->grab().toImage();
+        const auto isBare = [&drawn](int from, int to) {
+            for (int y = from; y < to; ++y)
+                for (int x = 0; x < drawn.width(); ++x)
+                    if (drawn.pixel(x, y) != drawn.pixel(drawn.width() - 1, 0))
+                        return false;
+            return true;
+        };
+        QVERIFY(!isBare(2 * row, 3 * row));
+        QVERIFY(isBare(3 * row, drawn.height()));
+        const QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, {20, 3 * row + 3});
+        QCOMPARE(clicks.size(), 0);
+    }
+
     void ADoubleClickIsToldBesideTheClicks() {
         ListBox list(true);
         list.AddItem(u"a"_qs);

@@ -52,6 +52,18 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 1);
     }
 
+    void TheKeyboardReachesTheDropDownPart() {
+        MyButton button(MyButton::Kind::Large);
+        QSignalSpy drops(&button, &MyButton::DropDownClick);
+        QTest::keyClick(&button, Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(drops.size(), 0); // there is none
+        button.AddDropDown();
+        QTest::keyClick(&button, Qt::Key_Down);
+        QCOMPARE(drops.size(), 0);
+        QTest::keyClick(&button, Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(drops.size(), 1);
+    }
+
     void TheCaptionIsItsText() {
         MyButton button(MyButton::Kind::Plain);
         button.setCaption(u"Favorite"_qs);

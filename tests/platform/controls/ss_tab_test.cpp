@@ -44,6 +44,23 @@ private Q_SLOTS:
         QVERIFY(!tabs.Page(0)->isVisible());
     }
 
+    void CtrlAndPageKeysTurnThePages() {
+        SSTab tabs;
+        for (int i = 0; i < 3; ++i)
+            tabs.AddPage(QString::number(i), {});
+        QLineEdit field(tabs.Page(0));
+        tabs.show();
+        QVERIFY(QTest::qWaitForWindowActive(&tabs));
+        field.setFocus();
+        QTest::keyClick(&field, Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(tabs.Tab(), 1);
+        QTest::keyClick(&tabs, Qt::Key_PageUp, Qt::ControlModifier);
+        QTest::keyClick(&tabs, Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(tabs.Tab(), 2);
+        QTest::keyClick(&tabs, Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(tabs.Tab(), 0);
+    }
+
     void ControlsStandWhereTheyArePlacedInTheTabControl() {
         SSTab tabs;
         QWidget* page = tabs.AddPage(u"one"_qs, {});

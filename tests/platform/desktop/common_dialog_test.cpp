@@ -113,6 +113,24 @@ private Q_SLOTS:
         QCOMPARE(choice.FileName, Path(u"old.rtf"_qs));
     }
 
+    void KindAndDateOfTheFilesAreReadWhole() {
+        FileChoice choice = Choice(Path(u"old.rtf"_qs));
+        bool isWhole = false;
+        InDialog([&](QFileDialog& dialog) {
+            auto* list = dialog.findChild<QTreeView*>(u"treeView"_qs);
+            const auto fits = [list](int column) {
+                const QModelIndex file = list->model()->index(0, column, list->rootIndex());
+                const QString text = file.data().toString();
+                return !text.isEmpty() &&
+                       list->fontMetrics().horizontalAdvance(text) + 4 < list->columnWidth(column);
+            };
+            isWhole = QTest::qWaitFor([&] { return fits(2) && fits(3); }, 5000);
+            dialog.reject();
+        });
+        QVERIFY(!CommonDialog().ShowOpen(nullptr, choice));
+        QVERIFY(isWhole);
+    }
+
     void AFileIsOpenedByItsName() {
         FileChoice choice = Choice();
         choice.title = u"Open"_qs;

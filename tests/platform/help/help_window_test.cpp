@@ -247,6 +247,33 @@ private Q_SLOTS:
         QCOMPARE(PageOf(*window), u"pages/start.html"_qs);
     }
 
+    void OpenedAgainItShowsItsContents() {
+        HelpWindow window(nullptr);
+        QVERIFY(window.ShowFile(HelpFile()));
+        window.show();
+        window.tabs->setCurrentIndex(2);
+        QVERIFY(window.ShowFile(HelpFile()));
+        QCOMPARE(window.tabs->currentIndex(), 2); // it is being used
+        window.close();
+        QVERIFY(window.ShowFile(HelpFile()));
+        QCOMPARE(window.tabs->currentWidget(), window.contents);
+    }
+
+    void TheContentsAreWideEnoughForTheirEntries() {
+        HelpWindow window(nullptr);
+        QVERIFY(window.ShowFile(HelpFile()));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(window.contents->columnWidth(0) <= window.contents->viewport()->width());
+        QTreeWidgetItemIterator item(window.contents);
+        for (; *item; ++item) {
+            const QRect place = window.contents->visualItemRect(*item);
+            const int text = window.contents->fontMetrics().horizontalAdvance((*item)->text(0));
+            QVERIFY2(place.left() + text <= window.contents->viewport()->width(),
+                     qPrintable((*item)->text(0)));
+        }
+    }
+
     void EscapeClosesTheWindow() {
         HelpWindow window(nullptr);
         QVERIFY(window.ShowFile(HelpFile()));

@@ -391,6 +391,37 @@ private Q_SLOTS:
         QCOMPARE(box.SelStart(), 1000);
         QCOMPARE(box.verticalScrollBar()->value(), scrolled);
     }
+
+    void TheEdgesOfTheTextAreShownWithTheirMargins() {
+        RichTextBox box;
+        box.setPageLike(true);
+        Show(box);
+        box.setText(QStringLiteral("line\n").repeated(99) + QStringLiteral("last"));
+        const QScrollBar& bar = *box.verticalScrollBar();
+        QTest::keyClick(&box, Qt::Key_End, Qt::ControlModifier);
+        QVERIFY(bar.maximum() > 100);
+        QCOMPARE(bar.value(), bar.maximum());
+        QTest::keyClick(&box, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(bar.value(), 0);
+        box.verticalScrollBar()->setValue(10); // with the caret where it is to go
+        QTest::keyClick(&box, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(bar.value(), 0);
+        box.setSelStart(int(box.Text().size()));
+        QCOMPARE(bar.value(), bar.maximum());
+        box.setSelStart(0);
+        QCOMPARE(bar.value(), 0);
+    }
+
+    void AKeyThatMovesNothingLeavesTheView() {
+        RichTextBox box;
+        box.setPageLike(true);
+        Show(box);
+        box.setText(QStringLiteral("line\n").repeated(99));
+        box.verticalScrollBar()->setValue(10);
+        QTest::keyClick(&box, Qt::Key_Control);
+        QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(box.verticalScrollBar()->value(), 10);
+    }
 };
 
 QTEST_MAIN(RichTextBoxInputTest)

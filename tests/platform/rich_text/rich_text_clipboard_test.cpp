@@ -254,6 +254,30 @@ private Q_SLOTS:
         QCOMPARE(box.SelBold(), true);
     }
 
+    void HtmlIsPastedAsTheFormKeepsIt() {
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<h1>Deed</h1><p>of <small>sale</small></p><table border=1>"
+                                     "<tr><td>A</td><td>B</td></tr></table>"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.paste();
+        RichTextBox kept;
+        QVERIFY(kept.setTextRTF(box.TextRTF()));
+        QCOMPARE(box.Text(), kept.Text());
+        for (const auto& [word, size] : {std::pair(u"Deed", 24.0), {u"sale", 10.0}}) {
+            for (RichTextBox* shown : {&box, &kept}) {
+                Select(*shown, int(shown->Text().indexOf(QStringView(word))), 4);
+                QCOMPARE(shown->SelFontSize(), size);
+            }
+        }
+        const auto table = [](const RichTextBox& shown) {
+            return shown.document()->rootFrame()->childFrames().value(0);
+        };
+        QVERIFY(table(box) && table(kept));
+        QCOMPARE(table(box)->frameFormat().width(), table(kept)->frameFormat().width());
+        QCOMPARE(table(box)->frameFormat().border(), table(kept)->frameFormat().border());
+    }
+
     void ListsOfHtmlBecomeParagraphsWithMarkers() {
         auto* data = new QMimeData;
         data->setHtml(QStringLiteral("<ol><li>a</li><li>b</li></ol><ul><li>c</li></ul>"));
