@@ -16,7 +16,7 @@ constexpr qint64 kMostBytes = 4 * 1024 * 1024;
 
 QStringList WordsOfFile(const QString& path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return {};
     QStringList words;
     for (const QString& line : QString::fromUtf8(file.read(kMostBytes)).split(u'\n'))

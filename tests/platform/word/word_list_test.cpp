@@ -22,6 +22,13 @@ private Q_SLOTS:
         QCOMPARE(list.Without({u"Affiant"_qs, u"deed"_qs}), QStringList{u"deed"_qs});
     }
 
+    void AListWithoutAFileLooksForNone() {
+        QTest::failOnWarning(QRegularExpression(u".*"_qs));
+        WordList list({u"affiant"_qs}, {});
+        QVERIFY(list.Contains(u"affiant"_qs));
+        QVERIFY(!list.Add(u"Batangas"_qs));
+    }
+
     void AnAddedWordIsKnownTheNextTimeToo() {
         {
             WordList list({}, File());
