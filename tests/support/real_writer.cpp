@@ -65,6 +65,18 @@ bool RealWriter::HasNoProcesses() const {
     return QTest::qWaitFor([this] { return Processes().empty(); }, 8000);
 }
 
+// The empty window takes the place of the document's at a moment of its own, so that one look is not enough.
+bool RealWriter::EndsWithItsLastWindow() const {
+    return QTest::qWaitFor(
+        [this] {
+            if (Processes().empty())
+                return true;
+            person::Close(QStringLiteral("^LibreOffice$"));
+            return false;
+        },
+        20'000);
+}
+
 static bool IsFree(const QString& path) {
     const int lock = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
     const bool isFree = lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0;

@@ -32,6 +32,9 @@ public:
     void Signal(int signal) const;
     // Whether its processes are gone, or are so soon.
     bool HasNoProcesses() const;
+    // Whether its processes are gone once the user has closed the window with nothing in it, which may show
+    // itself behind the last document.
+    bool EndsWithItsLastWindow() const;
     // Whether no profile of the pool is locked, or none is so soon.
     bool HasNoLocks() const;
 

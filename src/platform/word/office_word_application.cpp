@@ -56,10 +56,13 @@ OfficeWordApplication::OfficeWordApplication(std::unique_ptr<OfficeInstance> ins
 OfficeWordApplication::~OfficeWordApplication() {
     if (!m_instance || !m_instance->IsAlive())
         return;
-    if (m_visible)
-        m_instance->HandOver();
-    else
+    if (m_visible) {
+        Does([](WriterSession& session) { return session.LeaveDocument(); }, PatienceFor(m_documentBytes));
+        if (m_instance->IsAlive())
+            m_instance->HandOver();
+    } else {
         m_keep(std::move(m_instance));
+    }
 }
 
 bool OfficeWordApplication::SetVisible(bool visible) {

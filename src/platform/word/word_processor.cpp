@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <dlfcn.h>
+#include <signal.h>
 #include <unistd.h>
 
 namespace platform {
@@ -31,6 +32,9 @@ WordProcessor::~WordProcessor() = default;
 bool WordProcessor::LoadModule() {
     if (m_createSession)
         return true;
+    // Its libraries write to the pipe of an instance that may have died, and the signal would end us with it.
+    // As an error it only fails the call.
+    ::signal(SIGPIPE, SIG_IGN);
     void* const module = ::dlopen(QFile::encodeName(m_module).constData(), RTLD_NOW | RTLD_LOCAL);
     if (!module)
         return false;

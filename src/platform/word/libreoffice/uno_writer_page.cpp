@@ -6,7 +6,6 @@
 #include <com/sun/star/container/XIndexAccess.hpp>
 #include <com/sun/star/style/XStyle.hpp>
 #include <com/sun/star/style/XStyleFamiliesSupplier.hpp>
-#include <com/sun/star/util/XModifiable.hpp>
 #include <com/sun/star/view/XPrintJobBroadcaster.hpp>
 #include <thread>
 
@@ -129,8 +128,6 @@ bool UnoWriterSession::IsInPreview() const {
 
 bool UnoWriterSession::StartPreview() {
     return Succeeds([&] {
-        // else closing the window in the preview asks whether to save
-        Reference<css::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
         if (!Dispatch(".uno:PrintPreview"))
             return false;
         const auto end = std::chrono::steady_clock::now() + kPreviewPatience;

@@ -13,7 +13,7 @@
 #include <com/sun/star/text/XTextViewCursorSupplier.hpp>
 #include <com/sun/star/util/CloseVetoException.hpp>
 #include <com/sun/star/util/XCloseable.hpp>
-#include <com/sun/star/util/XModifiable.hpp>
+#include <com/sun/star/util/XModifiable2.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <dlfcn.h>
 #include <rtl/bootstrap.hxx>
@@ -88,8 +88,14 @@ bool UnoWriterSession::Load(const rtl::OUString& address,
 
 // Hidden at first, whatever Visible is to be: showing while loading can hang.
 bool UnoWriterSession::AddDocument() {
-    return Succeeds(
-        [&] { return Load("private:factory/swriter", SequenceOf(Argument("Hidden", css::uno::Any(true)))); });
+    return Succeeds([&] {
+        if (!Load("private:factory/swriter", SequenceOf(Argument("Hidden", css::uno::Any(true)))))
+            return false;
+        // The user may close its window at any time, and a question about a copy of the form would stay open
+        // behind a command that has ended.
+        Reference<css::util::XModifiable2>(m_document, UNO_QUERY_THROW)->disableSetModified();
+        return true;
+    });
 }
 
 bool UnoWriterSession::OpenDocument(const QString& path) {
@@ -106,10 +112,6 @@ bool UnoWriterSession::CloseDocument() {
     const Reference<css::util::XCloseable> document(m_document, UNO_QUERY);
     if (!document.is())
         return false;
-    Succeeds([&] {
-        Reference<css::util::XModifiable>(m_document, UNO_QUERY_THROW)->setModified(false);
-        return true;
-    });
     for (int attempt = 0; attempt < kCloseAttempts; ++attempt) {
         bool vetoed = false;
         const bool closed = Succeeds([&] {
@@ -130,6 +132,15 @@ bool UnoWriterSession::CloseDocument() {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
     return false;
+}
+
+bool UnoWriterSession::LeaveDocument() {
+    return Succeeds([&] {
+        const Reference<css::util::XModifiable2> document(m_document, UNO_QUERY_THROW);
+        document->enableSetModified();
+        document->setModified(true);
+        return true;
+    });
 }
 
 bool UnoWriterSession::HoldsOtherDocuments() {

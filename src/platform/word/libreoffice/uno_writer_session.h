@@ -32,6 +32,7 @@ public:
     bool AddDocument() override;
     bool OpenDocument(const QString& path) override;
     bool CloseDocument() override;
+    bool LeaveDocument() override;
     bool Terminate() override;
     bool HoldsOtherDocuments() override;
 

@@ -30,9 +30,11 @@ public:
     virtual bool SetCaption(const QString& caption) = 0;
     virtual bool Activate() = 0;
 
-    virtual bool AddDocument() = 0;
+    virtual bool AddDocument() = 0;                     // one that asks nothing when its window is closed
     virtual bool OpenDocument(const QString& path) = 0; // for reading; runs none of its macros
     virtual bool CloseDocument() = 0;                   // unsaved
+    // It is the user's, and asks from here on before it is closed unsaved.
+    virtual bool LeaveDocument() = 0;
     // Ends the instance unless it holds documents that are not ours. It may take a moment to be gone.
     virtual bool Terminate() = 0;
     // Whether the user has opened documents of his own in this instance.
