@@ -42,6 +42,32 @@ private Q_SLOTS:
         QCOMPARE(window->windowTitle(), u"Acknowledgment Alone"_qs);
     }
 
+    void AnItemReachesFromSideToSide_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("tab");
+        QTest::newRow("titles") << u"lstTitle"_qs << 0;
+        QTest::newRow("sub-categories") << u"lstSubCategory"_qs << 0;
+        QTest::newRow("results") << u"lstSearch"_qs << 1;
+        QTest::newRow("favourites") << u"lstFavorites"_qs << 3;
+        QTest::newRow("history") << u"lstHistory"_qs << 4;
+    }
+    void AnItemReachesFromSideToSide() {
+        QFETCH(QString, name);
+        QFETCH(int, tab);
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->SetTab(Tab(tab));
+        auto* list = window->findChild<platform::ListBox*>(name);
+        list->resize(200, 100);
+        list->show();
+        list->SetItems({u"Deed"_qs});
+        for (const int x : {0, list->viewport()->width() - 1}) {
+            window->SetCaption(QString());
+            MoveTo(list->viewport(), {x, ItemOf(list, 0).y()});
+            QCOMPARE(window->windowTitle(), u"Deed"_qs);
+        }
+    }
+
     void BesideTheItemsEachListHasItsTitle_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<bool>("empty");
@@ -87,6 +113,7 @@ private Q_SLOTS:
 
     void OnThePageTheTitleComesBack() {
         TestWindow window;
+        QVERIFY(window.Show());
         platform::ListBox* list = window->categoryBrowser->lstTitle;
         MoveTo(list->viewport(), ItemOf(list, 0));
         MoveTo(window->SSTab->Page(0), {2, 2});
@@ -94,6 +121,28 @@ private Q_SLOTS:
         MoveTo(list->viewport(), ItemOf(list, 0));
         MoveTo(window->SSTab->Strip(), {2, 2});
         QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+        MoveTo(list->viewport(), ItemOf(list, 0));
+        MoveTo(window->SSTab, {1, 1}); // left of the tabs
+        QCOMPARE(window->windowTitle(), u"Quillbrook by Atty. Merrow"_qs);
+    }
+
+    void EachPageHasItsTitle_data() {
+        QTest::addColumn<int>("tab");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("browser") << 0 << u"Quillbrook by Atty. Merrow"_qs;
+        QTest::newRow("search") << 1 << u"Advanced Search"_qs;
+        QTest::newRow("editor") << 2 << u"Edit Form"_qs;
+        QTest::newRow("favourites") << 3 << u"My Favorites"_qs;
+        QTest::newRow("history") << 4 << u"Recently Opened Forms"_qs;
+        QTest::newRow("own forms") << 5 << u"My Forms"_qs;
+    }
+    void EachPageHasItsTitle() {
+        QFETCH(int, tab);
+        TestWindow window;
+        window->SetTab(Tab(tab));
+        window->SetCaption(u"An entry"_qs);
+        MoveTo(window->SSTab->Page(tab), {2, 2});
+        QTEST(window->windowTitle(), "title");
     }
 
     void OnAnotherControlItStays() {

@@ -187,7 +187,8 @@ private Q_SLOTS:
 
     void OtherWindowsAreNotThemed_data() {
         QTest::addColumn<QString>("name");
-        for (const char* name : {"frmPageSetup", "frmJurat", "frmVerification", "frmSave"})
+        for (const char* name :
+             {"frmPageSetup", "frmJurat", "frmVerification", "frmSave", "frmAbout", "frmContact"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
     void OtherWindowsAreNotThemed() {

@@ -63,15 +63,23 @@ class ThemeDialogTest : public QObject {
 private Q_SLOTS:
     void initTestCase() { ApplyLook(*qApp); }
 
+    void OpensAtTheStoredThemeAndTouchesNoMainWindow_data() {
+        QTest::addColumn<int>("number");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("another theme") << 21 << u"Plum"_qs;
+        QTest::newRow("the first theme") << 1 << u"Windows Default"_qs;
+    }
     void OpensAtTheStoredThemeAndTouchesNoMainWindow() {
+        QFETCH(int, number);
         TestWindow window;
         const QString sheet = window->styleSheet();
-        const auto dialog = Open(window, 21);
+        const auto dialog = Open(window, number);
         QCOMPARE(dialog->windowTitle(), u"Color Theme Selector"_qs);
-        QCOMPARE(dialog->Number(), 21);
-        QCOMPARE(dialog->lblTheme->text(), u"Plum"_qs);
+        QCOMPARE(dialog->Number(), number);
+        QTEST(dialog->lblTheme->text(), "name");
         QCOMPARE(window->styleSheet(), sheet);
-        QCOMPARE(Stored(window), 21);
+        QVERIFY(!IsTicked(window));
+        QCOMPARE(Stored(window), number);
     }
 
     void ItsButtonsSayWhatTheyDo() {
@@ -235,6 +243,7 @@ private Q_SLOTS:
         QVERIFY(dialog->isVisible());
         QCOMPARE(dialog->Number(), 1);
         QCOMPARE(dialog->lblTheme->text(), u"Windows Default"_qs);
+        ShowsColors(*dialog, 1, Qt::black);
         QCOMPARE(Stored(window), 1);
         QVERIFY(IsTicked(window));
         Wears(window, 1);

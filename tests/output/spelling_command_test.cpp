@@ -2,6 +2,7 @@
 #include "output/spelling_command.h"
 
 #include "app/left_toolbar.h"
+#include "editor/undo_commands.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
@@ -37,6 +38,23 @@ struct Moment {
     QString caption;
     bool hourglass;
     bool enabled;
+    QString pane;
+    QByteArray clipboard;
+};
+
+// Lets the test look around while a message is shown.
+class WatchedMessageBox final : public platform::MessageBoxService {
+public:
+    explicit WatchedMessageBox(std::function<void()> onShow)
+        : m_onShow(std::move(onShow)) {}
+    platform::MessageAnswer Show(QWidget*, const QString&, MessageButtons, MessageIcon,
+                                 const QString&) override {
+        m_onShow();
+        return platform::MessageAnswer::Ok;
+    }
+
+private:
+    std::function<void()> m_onShow;
 };
 
 bool HourglassShows() {
@@ -48,7 +66,8 @@ struct Desk {
         Word().installed = true;
         Word().onCall = [this](const QString& call) {
             moments.push_back({call, window->windowTitle(), HourglassShows(),
-                               window->leftToolbar->btnSpellCheck->isEnabled()});
+                               window->leftToolbar->btnSpellCheck->isEnabled(), window->ActivePane()->Text(),
+                               platform::ClipboardRTF()});
             if (call == u"ActiveDocument.CheckGrammar" && !corrected.isEmpty())
                 Word().content = corrected;
         };
@@ -60,11 +79,23 @@ struct Desk {
 
     RecordingWord& Word() { return window.services.wordProcessor; }
     void Check() { window->spellingCommand->CheckSpelling(); }
+    // The same, with something to happen while its message is shown.
+    void CheckAndSee(const std::function<void()>& onShow) {
+        WatchedMessageBox box(onShow);
+        ScriptedServices& other = window.services;
+        platform::Services services{box,           other.instance,      other.commonDialog,
+                                    other.printer, other.wordProcessor, other.sound,
+                                    other.help};
+        SpellingCommand command(*window->leftToolbar->btnSpellCheck, *window, *window->paperCommands,
+                                window->Variables(), services, nullptr);
+        command.CheckSpelling();
+    }
+    // Of the last call of this name.
     const Moment& At(const QString& call) const {
-        for (const Moment& moment : moments)
-            if (moment.call == call)
-                return moment;
-        static const Moment none{u"none"_qs, {}, false, false};
+        for (auto moment = moments.rbegin(); moment != moments.rend(); ++moment)
+            if (moment->call == call)
+                return *moment;
+        static const Moment none{u"none"_qs, {}, false, false, {}, {}};
         return none;
     }
     bool IsAtRest() {
@@ -97,24 +128,56 @@ private Q_SLOTS:
             QCOMPARE(desk.At(call).caption, u"Opening Spelling & Grammar Checker..."_qs);
             QVERIFY(desk.At(call).hourglass);
         }
-        QCOMPARE(desk.At(u"ActiveDocument.CheckGrammar"_qs).caption, u"Checking Spelling & Grammar..."_qs);
-        QVERIFY(!desk.At(u"ActiveDocument.CheckGrammar"_qs).hourglass);
-        QVERIFY(desk.At(u"ActiveDocument.Select"_qs).hourglass);
+        for (const QString& call :
+             {u"Options.CheckGrammarWithSpelling = True"_qs, u"ActiveDocument.CheckGrammar"_qs}) {
+            QCOMPARE(desk.At(call).caption, u"Checking Spelling & Grammar..."_qs);
+            QVERIFY(!desk.At(call).hourglass);
+        }
+        for (const QString& call : {u"Visible = False"_qs, u"ActiveDocument.Select"_qs, u"Selection.Cut"_qs,
+                                    u"ActiveDocument.Close 0"_qs, u"Quit"_qs, u"Release"_qs}) {
+            QCOMPARE(desk.At(call).caption, u"Checking Spelling & Grammar..."_qs);
+            QVERIFY(desk.At(call).hourglass);
+        }
         for (const Moment& moment : desk.moments)
-            if (moment.call != u"Release")
-                QVERIFY(!moment.enabled);
+            QVERIFY(!moment.enabled);
+    }
+
+    void TheClipboardCarriesThePane_data() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("edited form") << int(Tab::EditForm);
+        QTest::newRow("own form") << int(Tab::MyForms);
+    }
+    void TheClipboardCarriesThePane() {
+        QFETCH(int, tab);
+        Desk desk;
+        desk.window->SetTab(Tab(tab));
+        const QByteArray source = desk.window->ActivePane()->TextRTF().toLatin1();
+        const QByteArray before = "{\\rtf1 lay there\\par}";
+        platform::SetClipboardRTF(before);
+        desk.Check();
+        QCOMPARE(desk.At(u"Documents.Add"_qs).clipboard, before);
+        QCOMPARE(desk.At(u"Selection.Paste"_qs).clipboard, source);
+    }
+
+    void ThePaneChangesBehindTheCutAndTheInstanceEndsBehindIt() {
+        Desk desk;
+        desk.Check();
+        QCOMPARE(desk.At(u"Selection.Cut"_qs).pane, u"A dede"_qs);
+        QCOMPARE(desk.At(u"ActiveDocument.Close 0"_qs).pane, u"A corrected deed"_qs);
     }
 
     void TheCorrectedTextComesBackWithItsFormats() {
-        Desk desk;
-        desk.window->txtContent()->setSelStart(3);
-        desk.window->State().DocumentSaved = true;
-        desk.Check();
-        QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
-        QVERIFY(desk.window->txtContent()->TextRTF().contains(u"\\b"_qs));
-        QCOMPARE(desk.window->txtContent()->SelStart(), 0);
-        QVERIFY(desk.window->State().DocumentSaved);
-        QCOMPARE(platform::ClipboardRTF(), kCorrected);
+        for (const bool saved : {true, false}) {
+            Desk desk;
+            desk.window->txtContent()->setSelStart(3);
+            desk.window->State().DocumentSaved = saved;
+            desk.Check();
+            QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
+            QVERIFY(desk.window->txtContent()->TextRTF().contains(u"\\b"_qs));
+            QCOMPARE(desk.window->txtContent()->SelStart(), 0);
+            QCOMPARE(desk.window->State().DocumentSaved, saved);
+            QCOMPARE(platform::ClipboardRTF(), kCorrected);
+        }
     }
 
     void TheEndIsTold() {
@@ -126,6 +189,24 @@ private Q_SLOTS:
         QCOMPARE(told.title, u"Quillbrook PRO"_qs);
         QCOMPARE(told.icon, MessageIcon::Information);
         QCOMPARE(told.buttons, MessageButtons::Ok);
+    }
+
+    void TheMessageComesWhenEverythingIsBack_data() {
+        QTest::addColumn<bool>("installed");
+        QTest::newRow("completed") << true;
+        QTest::newRow("no word processor") << false;
+    }
+    void TheMessageComesWhenEverythingIsBack() {
+        QFETCH(bool, installed);
+        Desk desk;
+        desk.Word().installed = installed;
+        bool shown = false;
+        desk.CheckAndSee([&] {
+            shown = true;
+            QVERIFY(desk.IsAtRest());
+            QCOMPARE(desk.window->txtContent()->Text(), installed ? u"A corrected deed"_qs : u"A dede"_qs);
+        });
+        QVERIFY(shown);
     }
 
     void EachPageChecksItsOwnPane_data() {
@@ -153,6 +234,28 @@ private Q_SLOTS:
         QCOMPARE(desk.window->txtContent()->Text(), u"A corrected deed"_qs);
         desk.window->Menu(u"mnuUndo"_qs)->trigger();
         QCOMPARE(desk.window->txtContent()->Text(), before);
+    }
+
+    void ATextWithoutErrorsIsOneMoreStepToUndo() {
+        Desk desk;
+        desk.corrected.clear();
+        const int before = desk.window->undoCommands->History().Index();
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), u"A dede"_qs);
+        QCOMPARE(desk.window->undoCommands->History().Index(), before + 1);
+    }
+
+    void ThePaneIsAskedForAnewWhenTheTextComesBack() {
+        Desk desk;
+        const auto record = desk.Word().onCall;
+        desk.Word().onCall = [&](const QString& call) {
+            record(call);
+            if (call == u"ActiveDocument.CheckGrammar")
+                desk.window->SetTab(Tab::MyForms);
+        };
+        desk.Check();
+        QCOMPARE(desk.window->txtContent()->Text(), u"A dede"_qs);
+        QCOMPARE(desk.window->txtMyContent()->Text(), u"A corrected deed"_qs);
     }
 
     void AnEmptyPaneIsCheckedAllTheSame() {
@@ -232,8 +335,12 @@ private Q_SLOTS:
         QVERIFY(desk.window.Show());
         desk.window->SetTab(Tab(tab));
         desk.window->leftToolbar->btnSave->setFocus();
-        desk.Check();
-        QCOMPARE(QApplication::focusWidget(), desk.window->ActivePane());
+        bool hadFocus = false;
+        desk.CheckAndSee([&] {
+            hadFocus = desk.window->ActivePane()->hasFocus();
+            desk.window->leftToolbar->btnSave->setFocus();
+        });
+        QVERIFY(hadFocus);
         QVERIFY(desk.window->ActivePane()->hasFocus());
     }
 

@@ -12,6 +12,8 @@ SSTab::SSTab(QWidget* parent)
     , m_strip(new QTabBar(this))
     , m_pages(new QStackedWidget(this)) {
     setAttribute(Qt::WA_StyledBackground);
+    setMouseTracking(true);
+    installEventFilter(this);
     m_strip->setObjectName(QStringLiteral("tabStrip"));
     m_strip->setDrawBase(false);
     m_strip->setExpanding(false);
@@ -61,8 +63,8 @@ void SSTab::setTab(int tab) {
     m_strip->setCurrentIndex(tab);
 }
 
-// A control on the page that has no use for a move lets it through to the page: the page's own ground was not
-// moved over then.
+// A control that has no use for a move lets it through to what it lies on, whose own ground was not moved
+// over then.
 bool SSTab::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) {
         const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();

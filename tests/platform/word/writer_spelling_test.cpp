@@ -144,6 +144,63 @@ private Q_SLOTS:
         QVERIFY(m_writer->HasNoProcesses());
     }
 
+    void FormatsOfEachKindSurvive() {
+        Desk desk(*m_writer);
+        platform::RichTextBox& pane = *desk.window->txtContent();
+        const std::vector<std::function<void()>> formats = {
+            [] {},
+            [&] { pane.setSelColor(QColor(192, 0, 64)); },
+            [&] { pane.setSelFontName(u"DejaVu Sans"_qs); },
+            [&] { pane.setSelFontSize(18); },
+            [&] { pane.setSelBold(true); },
+            [&] { pane.setSelItalic(true); },
+            [&] { pane.setSelUnderline(true); },
+            [&] { pane.setSelStrikeThru(true); },
+            [&] { pane.setSelAlignment(1); },
+            [&] { pane.setSelAlignment(2); },
+            [&] { pane.setSelIndent(720); },
+            [&] { pane.setSelHangingIndent(360); },
+            [&] { pane.setSelBullet(true); },
+        };
+        const QString line = u"The deed of the seller"_qs;
+        const auto select = [&](std::size_t paragraph) {
+            pane.setSelStart(int(paragraph) * int(line.size() + 1));
+            pane.setSelLength(int(line.size()));
+        };
+        const auto told = [](const auto& fact) { return fact ? QVariant(*fact) : QVariant(); };
+        const auto facts = [&](std::size_t paragraph) {
+            select(paragraph);
+            return QVariantList{pane.SelText(),
+                                told(pane.SelColor()),
+                                told(pane.SelFontName()),
+                                told(pane.SelFontSize()),
+                                told(pane.SelBold()),
+                                told(pane.SelItalic()),
+                                told(pane.SelUnderline()),
+                                told(pane.SelStrikeThru()),
+                                told(pane.SelAlignment()),
+                                told(pane.SelIndent()),
+                                told(pane.SelHangingIndent()),
+                                told(pane.SelBullet())};
+        };
+        pane.setText(QStringList(qsizetype(formats.size()), line).join(u'\n'));
+        std::vector<QVariantList> before;
+        for (std::size_t i = 0; i < formats.size(); ++i) {
+            select(i);
+            formats[i]();
+            before.push_back(facts(i));
+            QVERIFY(i == 0 || before[i] != before[0]);
+        }
+        const QString text = pane.Text();
+        const Answers answers({});
+        desk.Check();
+        QCOMPARE(answers.doubted, QStringList{});
+        QCOMPARE(desk.LastMessage(), kCompleted);
+        QCOMPARE(pane.Text(), text);
+        for (std::size_t i = 0; i < formats.size(); ++i)
+            QCOMPARE(facts(i), before[i]);
+    }
+
     void ChangeAllAddAndIgnoreDoTheirWork() {
         Desk desk(*m_writer);
         desk.Load("{\\rtf1\\ansi The dilivery and the dilivery in Batangaz, by Batangaz, biulding.\\par}");
