@@ -17,6 +17,12 @@ class ClipboardCommandsTest : public QObject {
     std::unique_ptr<TestWindow> m_window;
 
     frmMain& Main() { return **m_window; }
+    QClipboard& Clipboard() { return *QGuiApplication::clipboard(); }
+
+    RichTextBox* Go(Tab tab) {
+        Main().SetTab(tab);
+        return Main().ActivePane();
+    }
 
     // Clicks the button or the menu entry of this name.
     void Run(const QString& name) {
@@ -66,7 +72,7 @@ private Q_SLOTS:
                 pane->setSelStart(0);
                 pane->setSelLength(3);
             }
-            QGuiApplication::clipboard()->setText(u"pasted"_qs);
+            Clipboard().setText(u"pasted"_qs);
             Main().State().DocumentSaved = true;
             Run(QLatin1String(QTest::currentDataTag()));
             const bool myForms = tab == 5;
@@ -74,7 +80,7 @@ private Q_SLOTS:
             const RichTextBox* other = myForms ? Main().txtContent() : Main().txtMyContent();
             QTEST(Shown(active), "shown");
             QCOMPARE(Shown(other), u"[one] two"_qs);
-            QTEST(QGuiApplication::clipboard()->text(), "clipboard");
+            QTEST(Clipboard().text(), "clipboard");
             QCOMPARE(Main().State().DocumentSaved, saved);
             QVERIFY(active->hasFocus());
             QCOMPARE(int(Main().CurrentTab()), tab);
@@ -86,6 +92,96 @@ private Q_SLOTS:
         Main().State().DocumentSaved = false;
         Run(u"btnCopy"_qs);
         QVERIFY(!Main().State().DocumentSaved);
+    }
+
+    void WithNothingSelectedTheClipboardEndsUpEmpty_data() {
+        QTest::addColumn<int>("tab");
+        for (const char* name : {"btnCut", "mnuCut", "mnuPopCut", "btnCopy", "mnuCopy", "mnuPopCopy"})
+            QTest::newRow(name) << 2;
+    }
+    void WithNothingSelectedTheClipboardEndsUpEmpty() {
+        QFETCH(int, tab);
+        Clipboard().setText(u"before"_qs);
+        Go(Tab(tab))->setText(u"one two"_qs);
+        Run(QLatin1String(QTest::currentDataTag()));
+        QCOMPARE(Clipboard().text(), QString());
+    }
+
+    void CopiedTextKeepsItsFormatOverTheClipboard() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"bold"_qs);
+        pane->selectAll();
+        pane->setSelBold(true);
+        Run(u"mnuCopy"_qs);
+        const QMimeData* data = Clipboard().mimeData();
+        QVERIFY(data->hasFormat(u"text/rtf"_qs));
+        QVERIFY(data->hasHtml());
+        QVERIFY(data->hasText());
+        RichTextBox* mine = Go(Tab::MyForms);
+        Run(u"mnuPaste"_qs);
+        QCOMPARE(mine->Text(), u"bold"_qs);
+        mine->selectAll();
+        QCOMPARE(mine->SelBold(), std::optional(true));
+    }
+
+    void DeleteTakesTheSelectionOrTheNextCharacter() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"abcdef"_qs);
+        pane->setSelStart(1);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), u"acdef"_qs);
+        pane->setSelStart(1);
+        pane->setSelLength(3);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), u"af"_qs);
+        QVERIFY(Main().State().DocumentSaved);
+    }
+
+    void DeleteLeavesWhatItsKeyLeaves_data() {
+        QTest::addColumn<bool>("byKey");
+        QTest::newRow("mnuPopDelete") << false;
+        QTest::newRow("key") << true;
+    }
+    void DeleteLeavesWhatItsKeyLeaves() {
+        QFETCH(bool, byKey);
+        RichTextBox* pane = Go(Tab::EditForm);
+        pane->setText(u"all of it"_qs);
+        pane->selectAll();
+        pane->setSelFontName(u"Liberation Sans"_qs);
+        pane->setSelFontSize(20);
+        QSignalSpy changes(pane, &RichTextBox::Change);
+        if (byKey)
+            QTest::keyClick(pane, Qt::Key_Delete);
+        else
+            Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->Text(), QString());
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        pane->setSelText(u"new"_qs);
+        pane->selectAll();
+        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
+        QCOMPARE(pane->SelFontSize(), std::optional(20.0));
+    }
+
+    void DeleteCountsOnTheNumbersOfWhatIsLeft() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        const auto item = [](int number, const char* text) {
+            return QStringLiteral("{\\pntext %1.\\tab}%2").arg(number).arg(QLatin1String(text));
+        };
+        pane->setTextRTF(
+            QStringLiteral("{\\rtf1{\\*\\pn\\pnlvlbody\\pndec\\pnstart1{\\pntxta .}}\\fi-360\\li360 ") +
+            item(1, "one") + u"\\par "_qs + item(2, "two") + u"\\par "_qs + item(3, "three") + u"\\par}"_qs);
+        const QString source = pane->TextRTF();
+        pane->setSelStart(0);
+        pane->setSelLength(4);
+        QTest::keyClick(pane, Qt::Key_Delete);
+        const QString byKey = pane->TextRTF();
+        QVERIFY(pane->Text().startsWith(u"two"));
+        pane->setTextRTF(source);
+        pane->setSelStart(0);
+        pane->setSelLength(4);
+        Run(u"mnuPopDelete"_qs);
+        QCOMPARE(pane->TextRTF(), byKey);
     }
 };
 

@@ -1,13 +1,10 @@
-// Events of the two panes, the clipboard commands and the font combos.
+// Events of the two panes, and the font combos.
 #include "editor/editor_panes.h"
 
 #include "app/menu_tree.h"
 #include "editor/edit_tool_bar.h"
 #include "editor/undo_commands.h"
-#include "library/category_browser.h"
-#include "library/my_forms_page.h"
 #include "platform/controls/combo_box.h"
-#include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "tests/support/test_window.h"
@@ -25,7 +22,6 @@ class EditorPanesTest : public QObject {
 
     frmMain& Main() { return **m_window; }
     EditToolBar& Bar() { return *Main().editToolBar; }
-    QClipboard& Clipboard() { return *QGuiApplication::clipboard(); }
 
     RichTextBox* Go(Tab tab) {
         Main().SetTab(tab);
@@ -252,150 +248,6 @@ private Q_SLOTS:
                               u"Text Color..."_qs, u"-"_qs, u"Color Theme..."_qs, u"-"_qs, u"About..."_qs}));
     }
 
-    // --- clipboard
-
-    void CutAndCopyPutTheSelectionOnTheClipboard_data() {
-        QTest::addColumn<bool>("cuts");
-        QTest::addColumn<bool>("staysSaved");
-        QTest::newRow("btnCut") << true << false;
-        QTest::newRow("mnuCut") << true << false;
-        QTest::newRow("mnuPopCut") << true << false;
-        QTest::newRow("btnCopy") << false << true;
-        QTest::newRow("mnuCopy") << false << false;
-        QTest::newRow("mnuPopCopy") << false << false;
-    }
-    void CutAndCopyPutTheSelectionOnTheClipboard() {
-        QFETCH(bool, cuts);
-        QFETCH(bool, staysSaved);
-        RichTextBox* pane = Go(Tab::EditForm);
-        pane->setText(u"one two"_qs);
-        pane->setSelStart(0);
-        pane->setSelLength(3);
-        Run(QLatin1String(QTest::currentDataTag()));
-        QCOMPARE(Clipboard().text(), u"one"_qs);
-        QCOMPARE(pane->Text(), cuts ? u" two"_qs : u"one two"_qs);
-        QCOMPARE(Main().State().DocumentSaved, staysSaved);
-        QVERIFY(pane->hasFocus());
-    }
-
-    void WithNothingSelectedTheClipboardEndsUpEmpty_data() {
-        QTest::addColumn<int>("tab");
-        for (const char* name : {"btnCut", "mnuCut", "mnuPopCut", "btnCopy", "mnuCopy", "mnuPopCopy"})
-            QTest::newRow(name) << 2;
-    }
-    void WithNothingSelectedTheClipboardEndsUpEmpty() {
-        QFETCH(int, tab);
-        Clipboard().setText(u"before"_qs);
-        Go(Tab(tab))->setText(u"one two"_qs);
-        Run(QLatin1String(QTest::currentDataTag()));
-        QCOMPARE(Clipboard().text(), QString());
-    }
-
-    void PasteGoesToTheActivePaneAndLeavesTheDocumentSaved_data() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("btnPaste") << 2;
-        QTest::newRow("mnuPaste") << 0; // a page without editing pastes too
-        QTest::newRow("mnuPopPaste") << 5;
-    }
-    void PasteGoesToTheActivePaneAndLeavesTheDocumentSaved() {
-        QFETCH(int, tab);
-        Clipboard().setText(u"pasted"_qs);
-        RichTextBox* pane = Go(Tab(tab));
-        Run(QLatin1String(QTest::currentDataTag()));
-        QCOMPARE(pane->Text(), u"pasted"_qs);
-        QVERIFY(Main().State().DocumentSaved);
-    }
-
-    void CopiedTextKeepsItsFormatOverTheClipboard() {
-        RichTextBox* pane = Go(Tab::EditForm);
-        pane->setText(u"bold"_qs);
-        pane->selectAll();
-        pane->setSelBold(true);
-        Run(u"mnuCopy"_qs);
-        const QMimeData* data = Clipboard().mimeData();
-        QVERIFY(data->hasFormat(u"text/rtf"_qs));
-        QVERIFY(data->hasHtml());
-        QVERIFY(data->hasText());
-        RichTextBox* mine = Go(Tab::MyForms);
-        Run(u"mnuPaste"_qs);
-        QCOMPARE(mine->Text(), u"bold"_qs);
-        mine->selectAll();
-        QCOMPARE(mine->SelBold(), std::optional(true));
-    }
-
-    void DeleteTakesTheSelectionOrTheNextCharacter() {
-        RichTextBox* pane = Go(Tab::EditForm);
-        pane->setText(u"abcdef"_qs);
-        pane->setSelStart(1);
-        Run(u"mnuPopDelete"_qs);
-        QCOMPARE(pane->Text(), u"acdef"_qs);
-        pane->setSelStart(1);
-        pane->setSelLength(3);
-        Run(u"mnuPopDelete"_qs);
-        QCOMPARE(pane->Text(), u"af"_qs);
-        QVERIFY(Main().State().DocumentSaved);
-    }
-
-    void DeleteLeavesWhatItsKeyLeaves_data() {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("mnuPopDelete") << false;
-        QTest::newRow("key") << true;
-    }
-    void DeleteLeavesWhatItsKeyLeaves() {
-        QFETCH(bool, byKey);
-        RichTextBox* pane = Go(Tab::EditForm);
-        pane->setText(u"all of it"_qs);
-        pane->selectAll();
-        pane->setSelFontName(u"Liberation Sans"_qs);
-        pane->setSelFontSize(20);
-        QSignalSpy changes(pane, &RichTextBox::Change);
-        if (byKey)
-            QTest::keyClick(pane, Qt::Key_Delete);
-        else
-            Run(u"mnuPopDelete"_qs);
-        QCOMPARE(pane->Text(), QString());
-        QCOMPARE(changes.size(), 1);
-        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
-        pane->setSelText(u"new"_qs);
-        pane->selectAll();
-        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Sans"_qs));
-        QCOMPARE(pane->SelFontSize(), std::optional(20.0));
-    }
-
-    void DeleteCountsOnTheNumbersOfWhatIsLeft() {
-        RichTextBox* pane = Go(Tab::EditForm);
-        const auto item = [](int number, const char* text) {
-            return QStringLiteral("{\\pntext %1.\\tab}%2").arg(number).arg(QLatin1String(text));
-        };
-        pane->setTextRTF(
-            QStringLiteral("{\\rtf1{\\*\\pn\\pnlvlbody\\pndec\\pnstart1{\\pntxta .}}\\fi-360\\li360 ") +
-            item(1, "one") + u"\\par "_qs + item(2, "two") + u"\\par "_qs + item(3, "three") + u"\\par}"_qs);
-        const QString source = pane->TextRTF();
-        pane->setSelStart(0);
-        pane->setSelLength(4);
-        QTest::keyClick(pane, Qt::Key_Delete);
-        const QString byKey = pane->TextRTF();
-        QVERIFY(pane->Text().startsWith(u"two"));
-        pane->setTextRTF(source);
-        pane->setSelStart(0);
-        pane->setSelLength(4);
-        Run(u"mnuPopDelete"_qs);
-        QCOMPARE(pane->TextRTF(), byKey);
-    }
-
-    void SelectAllSelectsTheWholePane_data() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("mnuSelectAll") << 2;
-        QTest::newRow("mnuPopSelectAll") << 5;
-    }
-    void SelectAllSelectsTheWholePane() {
-        QFETCH(int, tab);
-        RichTextBox* pane = Go(Tab(tab));
-        pane->setText(u"some text"_qs);
-        Run(QLatin1String(QTest::currentDataTag()));
-        QCOMPARE(pane->SelLength(), 9);
-    }
-
     // --- keys
 
     void ACharacterMakesTheDocumentUnsavedInEitherPane_data() {
@@ -504,15 +356,6 @@ private Q_SLOTS:
         Go(Tab::Search);
         Bar().cboFontSize->setListIndex(20);
         QCOMPARE(pane->SelFontSize(), std::optional(12.0));
-    }
-
-private:
-    // Clicks the button or the menu entry of this name.
-    void Run(const QString& name) {
-        if (auto* button = Main().findChild<platform::MyButton*>(name))
-            button->click();
-        else
-            Main().Menu(name)->trigger();
     }
 };
 

@@ -13,6 +13,8 @@ using namespace quillbrook;
 using platform::MyButton;
 using platform::RichTextBox;
 
+Q_DECLARE_METATYPE(platform::FontChoice)
+
 class FormatCommandsTest : public QObject {
     Q_OBJECT
 
@@ -332,17 +334,30 @@ private Q_SLOTS:
         QCOMPARE(pane->TextRTF(), before);
     }
 
+    // What comes behind the refused one is not written.
+    void AFormatThatTheBoxRefusesEndsTheFontDialogsCommand_data() {
+        QTest::addColumn<platform::FontChoice>("choice");
+        QTest::addColumn<int>("written"); // of the seven formats, in their order
+        const QString name = u"Liberation Mono"_qs;
+        QTest::newRow("font") << platform::FontChoice{QString(), 18, true, true, true, true, Qt::red} << 0;
+        QTest::newRow("size") << platform::FontChoice{name, 0, true, true, true, true, Qt::red} << 1;
+        QTest::newRow("colour") << platform::FontChoice{name, 18, true, true, true, true, QColor()} << 6;
+    }
     void AFormatThatTheBoxRefusesEndsTheFontDialogsCommand() {
+        QFETCH(platform::FontChoice, choice);
+        QFETCH(int, written);
         RichTextBox* pane = Edit(u"some text"_qs, 0, 4);
         const QString shown = Bar().cboFontSize->Text();
-        Dialog().font = {u"Liberation Mono"_qs, 0, true, true, true, true, QColor(1, 2, 3)};
+        Dialog().font = choice;
         Run(u"btnFontDialog"_qs);
-        QCOMPARE(pane->SelFontName(), std::optional(u"Liberation Mono"_qs));
-        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
-        QCOMPARE(pane->SelBold(), std::optional(false));
-        QCOMPARE(pane->SelStrikeThru(), std::optional(false));
+        QCOMPARE(pane->SelFontName() == u"Liberation Mono"_qs, written > 0);
+        QCOMPARE(pane->SelFontSize(), std::optional(written > 1 ? 18.0 : 12.0));
+        QCOMPARE(pane->SelBold(), std::optional(written > 2));
+        QCOMPARE(pane->SelItalic(), std::optional(written > 3));
+        QCOMPARE(pane->SelStrikeThru(), std::optional(written > 4));
+        QCOMPARE(pane->SelUnderline(), std::optional(written > 5));
         QCOMPARE(pane->SelColor(), std::optional(QColor(0, 0, 0)));
-        QCOMPARE(Bar().cboFontSize->Text(), shown);
+        QCOMPARE(Bar().cboFontSize->Text(), written > 1 ? u"18"_qs : shown);
     }
 
     void TheFontDialogDoesNotOpenForAMixedSelection_data() {

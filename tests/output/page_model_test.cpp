@@ -252,6 +252,22 @@ private Q_SLOTS:
         QCOMPARE(model.IsEnabled(PageBox::Height), paper == Paper::Custom);
     }
 
+    void ConfirmGoesByTheNumbersWhateverOptionIsSelected() {
+        PageModel model;
+        model.SetText(PageBox::Width, u"9"_qs);
+        model.Confirm();
+        QCOMPARE(model.Option(), Paper::Long); // no option is selected for an own size
+        QCOMPARE(model.Checked(), Paper::Custom);
+        QCOMPARE(model.CustomCaption(), u"Custom (9 x 13.0)..."_qs);
+        QCOMPARE(Size(model), u"9|13.0"_qs);
+        model.SetText(PageBox::Width, u" 8.5"_qs);
+        model.SetText(PageBox::Height, u"11.0"_qs);
+        model.Confirm();
+        QCOMPARE(model.Option(), Paper::Short);
+        QCOMPARE(model.Checked(), Paper::Short);
+        QCOMPARE(Size(model), u"8.5|11"_qs);
+    }
+
     void ArrowsCanReachAPaper() {
         PageModel model;
         model.ChooseInMenu(Paper::Custom);
