@@ -120,6 +120,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         }
         platform--PageLabel { qproperty-ground: %1; qproperty-edge: %2; color: %6; }
         QDialog#frmTheme platform--MyButton[default="true"] { border-color: %7; }
+        QDialog#frmTheme platform--MyButton[default="true"]:focus { border-color: %6; }
         QLabel#lblTheme { font-size: %8pt; }
         QWidget#picCredits1 { background: #1f2735; }
         QLabel#lblTitle { font-size: %8pt; font-weight: 600; }

@@ -2,6 +2,8 @@
 
 #include "appearance/icons.h"
 
+#include "platform/controls/my_button.h"
+
 #include <QtTest>
 #include <QtWidgets>
 
@@ -29,6 +31,28 @@ private Q_SLOTS:
         const QPixmap own = quillbrook::Picture(picture).pixmap(shown.size(), 1.0);
         QVERIFY(!own.isNull());
         QCOMPARE(shown.toImage(), own.toImage());
+    }
+
+    void TheDefaultButtonShowsItsFocus_data() {
+        QTest::addColumn<QString>("dialog");
+        QTest::newRow("of any dialog") << u"frmSave"_qs;
+        QTest::newRow("of the themes, on their colours") << u"frmTheme"_qs;
+    }
+    void TheDefaultButtonShowsItsFocus() {
+        QFETCH(QString, dialog);
+        QDialog window;
+        window.setObjectName(dialog);
+        platform::MyButton other(platform::MyButton::Kind::Plain, &window);
+        platform::MyButton button(platform::MyButton::Kind::Plain, &window);
+        button.setProperty("default", true);
+        button.setGeometry(100, 10, 80, 28);
+        window.resize(200, 50);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        other.setFocus();
+        const QImage without = button.grab().toImage();
+        button.setFocus();
+        QVERIFY(button.grab().toImage() != without);
     }
 
     void TheDefaultButtonStandsAtTheRight_data() {

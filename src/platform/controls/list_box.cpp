@@ -220,12 +220,14 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
         Q_EMIT DoubleClick();
 }
 
+// Enter chooses what is selected once more, as a click on it does.
 void ListBox::keyPressEvent(QKeyEvent* event) {
-    if (m_typing.isActive() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        ChooseTyped();
+    if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || ListIndex() < 0) {
+        QListView::keyPressEvent(event);
         return;
     }
-    QListView::keyPressEvent(event);
+    m_typing.stop();
+    Q_EMIT Click();
 }
 
 // The letters of a word come one by one. The first one's entry is not chosen yet: who is told of it may take

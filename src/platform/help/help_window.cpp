@@ -111,7 +111,6 @@ void HelpWindow::MakeTabs() {
     contents->setObjectName(QStringLiteral("HelpContents"));
     contents->setAccessibleName(tr("Contents"));
     contents->setHeaderHidden(true);
-    contents->header()->setStretchLastSection(false);
     contents->setFrameShape(QFrame::NoFrame);
     indexWord = new QLineEdit;
     indexWord->setObjectName(QStringLiteral("HelpIndexWord"));
@@ -207,8 +206,10 @@ void HelpWindow::FillContents() {
     contents->expandAll();
     // wide enough for the longest entry, but no wider than half the window
     const int frame = 2 * kMargin + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    contents->header()->setStretchLastSection(false);
     contents->resizeColumnToContents(0);
     const int side = std::clamp(contents->columnWidth(0) + frame, kLeastSide, kWindow.width() / 2);
+    contents->header()->setStretchLastSection(true);
     m_sides->setSizes({side, kWindow.width() - side});
 }
 

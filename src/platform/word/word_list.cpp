@@ -41,11 +41,13 @@ bool WordList::Add(const QString& word) {
     if (known.isEmpty() || Contains(known))
         return !known.isEmpty();
     m_words.insert(known.toLower());
+    if (m_file.isEmpty())
+        return false;
     QDir().mkpath(QFileInfo(m_file).absolutePath());
     QFile file(m_file);
     const QByteArray line = known.toUtf8() + '\n';
-    return !m_file.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::Append) &&
-           file.write(line) == line.size() && file.flush();
+    return file.open(QIODevice::WriteOnly | QIODevice::Append) && file.write(line) == line.size() &&
+           file.flush();
 }
 
 QStringList WordList::Without(const QStringList& words) const {

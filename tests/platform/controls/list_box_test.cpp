@@ -163,6 +163,20 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 1);
     }
 
+    void EnterChoosesTheSelectedEntryAgain() {
+        ListBox list(true);
+        list.AddItems({u"Deed"_qs, u"Motions"_qs});
+        list.show();
+        QSignalSpy clicks(&list, &ListBox::Click);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(clicks.size(), 0);
+        list.setListIndex(1);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QTest::keyClick(&list, Qt::Key_Enter);
+        QCOMPARE(clicks.size(), 3);
+        QCOMPARE(list.Text(), u"Motions"_qs);
+    }
+
     void AnotherChoiceEndsWhatTypedLettersBegan() {
         ListBox list(true);
         list.AddItems({u"Deed"_qs, u"Motions"_qs});
