@@ -102,6 +102,7 @@ QString StyleRules(const QPalette& palette, const QFont& font) {
         platform--ComboBox:focus { border-color: %3; }
         platform--ComboBox QLineEdit { border: none; background: transparent; }
         platform--ComboBox#cboQuery, platform--ListBox#lstSearch { font-family: Arial; }
+        platform--ListBox#lstSearch { padding: 1px; }
         platform--ComboBox::drop-down { border: none; width: 18px; }
         platform--ComboBox::drop-down:hover { background: %4; }
         platform--ComboBox::down-arrow { image: url(:/icons/drop-down.svg); width: 9px; height: 9px; }

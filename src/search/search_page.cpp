@@ -33,6 +33,7 @@ constexpr int kRightLeft = 336; // of what stands beside the query
 constexpr int kRightWidth = 324;
 constexpr int kResultTop = 134;
 constexpr int kResultWidth = 420;
+constexpr int kResultEntryHeight = 16; // by which the list grows for each title
 constexpr int kHitsLeft = 436;
 
 platform::PageLabel* MakeLabel(QWidget* page, const char* name, const QString& text) {
@@ -113,6 +114,7 @@ void SearchPage::BuildResult(QWidget* page) {
     lstSearch->setObjectName(QStringLiteral("lstSearch"));
     lstSearch->setAccessibleName(tr("Forms found"));
     lstSearch->setGeometry(6, 24, kResultWidth - 12, 36);
+    lstSearch->setEntryHeight(kResultEntryHeight);
 
     const auto hitButton = [page](const char* name, const QString& caption, const char* picture, int left) {
         auto* button = new MyButton(MyButton::Kind::Plain, page);

@@ -32,6 +32,33 @@ private Q_SLOTS:
         QVERIFY(window->categoryBrowser->lstTitle->font().family() != u"Arial"_qs);
     }
 
+    // Up to five titles are seen without scrolling.
+    void TheListOfResultsHasRoomForItsTitles_data() {
+        QTest::addColumn<int>("titles");
+        for (int titles = 1; titles <= 6; ++titles)
+            QTest::addRow("%d", titles) << titles;
+    }
+    void TheListOfResultsHasRoomForItsTitles() {
+        QFETCH(int, titles);
+        std::vector<TestForm> forms = SomeForms();
+        for (int i = 0; i < titles; ++i)
+            forms.push_back({u"Deed %1"_qs.arg(i), u"Sales"_qs, u"Land"_qs, u"quitclaim"_qs});
+        TestWindow window(forms);
+        QVERIFY(window.Show());
+        window->SetTab(Tab::Search);
+        SearchPage& page = *window->searchPage;
+        page.cboQuery->setText(u"quitclaim"_qs);
+        page.cmdSearch->click();
+        platform::ListBox& list = *page.lstSearch;
+        QCOMPARE(list.ListCount(), titles);
+        QCoreApplication::processEvents();
+        const int last = std::min(titles, 5) - 1;
+        QVERIFY(list.visualRect(list.model()->index(last, 0)).bottom() < list.viewport()->height());
+        QCOMPARE(list.verticalScrollBar()->maximum() > 0, titles > 5);
+        TestWindow::ClickEntry(&list, last);
+        QCOMPARE(list.ListIndex(), last);
+    }
+
     void NothingBringsTheLargeModesBack() {
         TestWindow window;
         QVERIFY(window.Show());

@@ -16,11 +16,11 @@ namespace {
 constexpr int kSide = 6;  // beside an entry's text, in pixels
 constexpr int kAbove = 2; // above and below it
 
-// How many of the lines of an entry that begins at `top` are seen wholly; one in a list that is lower than a
-// line.
-int WholeLines(int top, int lineHeight, int viewHeight) {
-    const int lines = (viewHeight - top - kAbove) / lineHeight;
-    return top <= 0 ? std::max(lines, 1) : lines;
+// How many of the lines of an entry are seen wholly; one in a list that is lower than a line.
+int WholeLines(const QListView& list, const QRect& entry, int lineHeight) {
+    const int above = list.uniformItemSizes() ? std::max(0, (entry.height() - lineHeight) / 2) : kAbove;
+    const int lines = (list.viewport()->height() - entry.top() - above) / lineHeight;
+    return entry.top() <= 0 ? std::max(lines, 1) : lines;
 }
 
 // Draws an entry over as many lines as it needs, but no line of which only a part would be seen. Qt's own
@@ -31,11 +31,12 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const auto* list = qobject_cast<const QListView*>(option.widget);
+        const auto* list = qobject_cast<const ListBox*>(option.widget);
         const int width = list ? list->viewport()->width() : option.rect.width();
         const QRect room(0, 0, std::max(1, width - 2 * kSide), 10'000);
+        const int line = option.fontMetrics.height();
         if (list && list->uniformItemSizes())
-            return {width, option.fontMetrics.height() + 2 * kAbove};
+            return {width, list->EntryHeight() > 0 ? std::max(list->EntryHeight(), line) : line + 2 * kAbove};
         const QRect text = option.fontMetrics.boundingRect(room, kFlags, index.data().toString());
         return {width, text.height() + 2 * kAbove};
     }
@@ -44,8 +45,7 @@ public:
                const QModelIndex& index) const override {
         const auto* list = qobject_cast<const QListView*>(option.widget);
         const int lineHeight = option.fontMetrics.lineSpacing();
-        const int lines = list ? WholeLines(option.rect.top(), lineHeight, list->viewport()->height())
-                               : INT_MAX / lineHeight;
+        const int lines = list ? WholeLines(*list, option.rect, lineHeight) : INT_MAX / lineHeight;
         if (lines <= 0)
             return;
         QStyleOptionViewItem ground = option;
@@ -60,12 +60,12 @@ public:
         const bool selected = option.state.testFlag(QStyle::State_Selected);
         painter->setFont(option.font);
         painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-        const QRect room = option.rect.adjusted(kSide, kAbove, -kSide, -kAbove);
+        const QRect room = option.rect.adjusted(kSide, 0, -kSide, 0);
         if (list && list->uniformItemSizes())
             painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
                               option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
         else
-            painter->drawText(room, kFlags, text);
+            painter->drawText(room.adjusted(0, kAbove, 0, -kAbove), kFlags, text);
         painter->restore();
     }
 
@@ -183,8 +183,8 @@ void ListBox::setListIndex(int index) {
 
 QModelIndex ListBox::EntryAt(const QPoint& place) const {
     const QModelIndex entry = indexAt(place);
-    const bool isSeen = entry.isValid() && WholeLines(visualRect(entry).top(), fontMetrics().lineSpacing(),
-                                                      viewport()->height()) > 0;
+    const bool isSeen =
+        entry.isValid() && WholeLines(*this, visualRect(entry), fontMetrics().lineSpacing()) > 0;
     return isSeen ? entry : QModelIndex();
 }
 

@@ -19,6 +19,11 @@ public:
     // Lets long entries go on in further lines instead of ending in dots.
     void WrapEntries();
 
+    // The height of each entry of one line, in device-independent pixels; a font that needs more gets more.
+    // For lists whose own height goes by the number of their entries. 0, at first: as the font wants it.
+    int EntryHeight() const { return m_entryHeight; }
+    void setEntryHeight(int height) { m_entryHeight = height; }
+
     // Adds at the place that the order gives, or at the end of an unsorted list. The selection stays.
     void AddItem(const QString& text);
     // The same for many, at the cost of one sort.
@@ -69,6 +74,7 @@ private:
 
     ListModel* m_model;
     bool m_wraps = false;
+    int m_entryHeight = 0;
     QBasicTimer m_typing;     // runs until no further letter is waited for
     int m_typedFrom = -1;     // selected before the first letter
     bool m_mouseDown = false; // a choice by mouse counts when the button is let go
