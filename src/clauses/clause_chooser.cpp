@@ -106,10 +106,7 @@ platform::Frame* ClauseChooser::MakeFrame(const ClauseFrame& frame) {
         rows->addWidget(option, number - frame.first, 0);
         rows->addWidget(label, number - frame.first, 1, Qt::AlignLeft);
         connect(option, &OptionButton::Click, this, [this, number] { OptionClick(number); });
-        connect(label, &QAbstractButton::clicked, option, [option] {
-            option->setValue(true);
-            option->setFocus(); // the keyboard goes on from there
-        });
+        connect(label, &QAbstractButton::clicked, option, [option] { option->setValue(true); });
         m_options.push_back(option);
         m_labels.push_back(label);
     }

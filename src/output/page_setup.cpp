@@ -126,10 +126,7 @@ QWidget* frmPageSetup::BuildOption(const PaperSize& size) {
         if (on && !m_showing)
             OptionClick(paper);
     });
-    connect(label, &HyperLabel::clicked, option, [option] {
-        option->setChecked(true);
-        option->setFocus(); // the keyboard goes on from there
-    });
+    connect(label, &HyperLabel::clicked, option, [option] { option->setChecked(true); });
     return row;
 }
 

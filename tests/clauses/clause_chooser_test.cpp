@@ -139,8 +139,8 @@ private Q_SLOTS:
         QTEST(Written(variables), "written");
     }
 
-    void AClickOnTheTextSetsItsChoice_data() { EachDialog(); }
-    void AClickOnTheTextSetsItsChoice() {
+    void AClickOnTheTextOnlySetsItsChoice_data() { EachDialog(); }
+    void AClickOnTheTextOnlySetsItsChoice() {
         QFETCH(ClauseDialog, dialog);
         PublicVariables variables;
         const auto chooser = Make(dialog, variables);
@@ -148,7 +148,7 @@ private Q_SLOTS:
         for (int number = 1; number <= chooser->Choices(); ++number) {
             QTest::mouseClick(chooser->HyperLabel(number), Qt::LeftButton);
             QCOMPARE(SetIn(*chooser), QList<int>{number});
-            QVERIFY(chooser->Option(number)->hasFocus());
+            QVERIFY(chooser->Option(1)->hasFocus());
         }
     }
 
