@@ -2,6 +2,7 @@
 
 #include "platform/desktop/font_dialog.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -44,6 +45,11 @@ static void GiveRoom(QFileDialog& dialog) {
 static bool ShowFileDialog(QFileDialog& dialog, FileChoice& choice) {
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     GiveRoom(dialog);
+    // While a list of completions is open Qt does not hear which window gets the keyboard back.
+    QObject::connect(&dialog, &QDialog::finished, &dialog, [] {
+        if (QWidget* list = QApplication::activePopupWidget())
+            list->hide();
+    });
     if (!choice.FileName.isEmpty())
         dialog.selectFile(choice.FileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

@@ -131,6 +131,24 @@ private Q_SLOTS:
         QVERIFY(isWhole);
     }
 
+    void NoPopUpOutlivesTheDialog() {
+        FileChoice choice = Choice();
+        bool wasOpen = false;
+        bool isOpen = true;
+        InDialog([&](QFileDialog& dialog) {
+            connect(&dialog, &QDialog::finished, this,
+                    [&isOpen] { isOpen = QApplication::activePopupWidget() != nullptr; });
+            QMenu list(&dialog); // in the place of one of completions
+            list.addAction(u"old.rtf"_qs);
+            list.popup(dialog.pos());
+            wasOpen = QApplication::activePopupWidget() == &list;
+            dialog.reject();
+        });
+        QVERIFY(!CommonDialog().ShowOpen(nullptr, choice));
+        QVERIFY(wasOpen);
+        QVERIFY(!isOpen);
+    }
+
     void AFileIsOpenedByItsName() {
         FileChoice choice = Choice();
         choice.title = u"Open"_qs;
