@@ -13,8 +13,8 @@ namespace quillbrook {
 
 class SplashPicture;
 
-// The about box: a sheet of credits that climbs through the window without end. A click on the sheet, or on
-// one of the things on it that have no click of their own, stops it and sets it going again.
+// The about box: a sheet of credits that climbs through the window without end. A click on the sheet stops it
+// and sets it going again; only the link and the last line take their clicks for themselves.
 class frmAbout final : public QDialog {
     Q_OBJECT
 

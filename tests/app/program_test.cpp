@@ -4,11 +4,13 @@
 #include "app/program.h"
 #include "library/category_browser.h"
 #include "platform/controls/list_box.h"
+#include "platform/desktop/single_instance.h"
 #include "tests/support/scripted_services.h"
 #include "tests/support/test_library.h"
 
 #include <QtTest>
 #include <QtWidgets>
+#include <thread>
 
 using namespace quillbrook;
 
@@ -162,6 +164,32 @@ private Q_SLOTS:
         QTest::qWait(700); // longer than the chain
         QCOMPARE(question.asked, 1);
         program.MainWindow()->Store().CloseLibrary();
+    }
+
+    void ASecondStartBringsTheMainWindowBackFromItsMinimisedState() {
+        const TestLibrary library(SomeForms());
+        const QTemporaryDir runtime;
+        const QString title = u"Quillbrook PRO"_qs;
+        platform::SingleInstance first(u"test"_qs, title, runtime.path());
+        ScriptedServices scripted;
+        platform::Services services{
+            scripted.messageBox,    first,          scripted.commonDialog, scripted.printer,
+            scripted.wordProcessor, scripted.sound, scripted.help};
+        frmProgram program(services, library.Folder());
+        Run(program);
+        frmMain* window = program.MainWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        window->showMinimized();
+        QTRY_VERIFY(window->isMinimized());
+        platform::SingleInstance second(u"test"_qs, title, runtime.path());
+        QVERIFY(second.EarlierInstanceRuns());
+        bool found = false;
+        // the first answers from its event loop, which has to run meanwhile
+        std::thread asking([&] { found = second.BringForward(title); });
+        QTRY_VERIFY(!window->isMinimized());
+        asking.join();
+        QVERIFY(found);
+        window->Store().CloseLibrary();
     }
 
     void WhenAnEarlierInstanceTakesOverNoMainWindowComes() {

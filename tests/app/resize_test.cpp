@@ -1,4 +1,5 @@
 #include "app/left_toolbar.h"
+#include "app/menu_tree.h"
 #include "library/category_browser.h"
 #include "platform/controls/geometry.h"
 #include "platform/controls/my_button.h"
@@ -54,6 +55,9 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         Resize(size.width(), size.height());
         QCOMPARE(Main().size(), size);
+        const QRect menus = Main().menuTree->MenuBar()->geometry();
+        QCOMPARE(menus, QRect(0, 0, size.width(), Main().menuTree->MenuBar()->sizeHint().height()));
+        CompareTwips(Main().ScaleHeight(), platform::ToTwips(size.height() - menus.height()), "inner height");
         const int width = Main().ScaleWidth();
         const int height = Main().ScaleHeight();
         const int bar = Height(Main().StatusBar1);

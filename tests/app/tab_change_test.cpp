@@ -1,3 +1,4 @@
+#include "app/left_toolbar.h"
 #include "editor/edit_tool_bar.h"
 #include "library/category_browser.h"
 #include "library/favorites_page.h"
@@ -111,6 +112,7 @@ private Q_SLOTS:
         Main().txtContent()->move(1, 1);
         const QPoint before = Main().txtContent()->pos();
         Main().Menu(u"mnuHelpContents"_qs)->setChecked(true);
+        Main().leftToolbar->btnSave->setFocus(); // which no change of page takes by itself
 
         QTest::mouseClick(Main().SSTab->Strip(), Qt::LeftButton, Qt::NoModifier,
                           Main().SSTab->Strip()->tabRect(tab).center());

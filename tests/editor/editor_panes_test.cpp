@@ -178,6 +178,9 @@ private Q_SLOTS:
         Go(Tab::EditForm);
         QVERIFY(Bar().btnRight->Value());
         QVERIFY(!Bar().btnCenter->Value());
+        Go(Tab::MyForms);
+        QVERIFY(Bar().btnCenter->Value());
+        QVERIFY(!Bar().btnRight->Value());
     }
 
     void FontAndSizeAreShownEachForItself() {
