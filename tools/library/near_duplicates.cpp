@@ -54,7 +54,7 @@ std::vector<AlikePair> FindAlike(const std::vector<Shingles>& texts, double most
     for (std::size_t i = 0; i < texts.size(); ++i) {
         for (std::size_t j = i + 1; j < texts.size(); ++j) {
             // texts of very different length cannot share so much
-            const auto [shorter, longer] = std::minmax(texts[i].size(), texts[j].size());
+            const auto [shorter, longer] = std::minmax({texts[i].size(), texts[j].size()});
             if (static_cast<double>(shorter) <= most * static_cast<double>(longer))
                 continue;
             if (const double likeness = Likeness(texts[i], texts[j]); likeness > most)
