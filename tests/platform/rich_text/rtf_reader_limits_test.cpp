@@ -82,7 +82,9 @@ private Q_SLOTS:
         const auto document = ReadRtf("{\\rtf1 " + body);
         const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
         QVERIFY(document);
-        QVERIFY2(seconds < 5.0, qPrintable(QString::number(seconds)));
+        // what takes the square of its length takes minutes; a slow machine or a sanitizer only a few times
+        // as long
+        QVERIFY2(seconds < 20.0, qPrintable(QString::number(seconds)));
     }
 
     void FileCutAnywhereGivesWhatStoodBefore() {
