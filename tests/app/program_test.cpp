@@ -10,6 +10,7 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <atomic>
 #include <thread>
 
 using namespace quillbrook;
@@ -164,6 +165,27 @@ private Q_SLOTS:
         QTest::qWait(700); // longer than the chain
         QCOMPARE(question.asked, 1);
         program.MainWindow()->Store().CloseLibrary();
+    }
+
+    void ASecondStartWhileTheSplashStandsFindsIt() {
+        const TestLibrary library(SomeForms());
+        const QTemporaryDir runtime;
+        const QString title = u"Quillbrook PRO"_qs;
+        platform::SingleInstance first(u"test"_qs, title, runtime.path());
+        ScriptedServices scripted;
+        platform::Services services{
+            scripted.messageBox,    first,          scripted.commonDialog, scripted.printer,
+            scripted.wordProcessor, scripted.sound, scripted.help};
+        frmProgram program(services, library.Folder());
+        program.Start();
+        program.Splash()->Stop(); // it stays
+        platform::SingleInstance second(u"test"_qs, title, runtime.path());
+        std::atomic<int> found = -1;
+        std::thread asking([&] { found = second.BringForward(title) ? 1 : 0; });
+        [&] { QTRY_VERIFY(found.load() >= 0); }();
+        asking.join();
+        QCOMPARE(found.load(), 1);
+        QVERIFY(!program.MainWindow());
     }
 
     void ASecondStartBringsTheMainWindowBackFromItsMinimisedState() {
