@@ -3,7 +3,6 @@
 // which the windows were not painted.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,6 +10,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "bench/window_main.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rich_text_file.h"
 
@@ -104,9 +104,5 @@ BENCHMARK(ReadFile)->ArgNames({"MB", "rtf"})->ArgsProduct({{95}, {0, 1}})->Unit(
 BENCHMARK(SaveFile)->ArgName("MB")->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarksWithWidgets(argc, argv);
 }

@@ -1,9 +1,9 @@
 // Marking, painting and walking the hits of seven terms in a form of 200 pages, 3,000 characters each.
+#include "bench/window_main.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "search/hit_step.h"
 #include "search/paint_marks.h"
 
-#include <QApplication>
 #include <benchmark/benchmark.h>
 #include <random>
 
@@ -120,8 +120,5 @@ BENCHMARK(NextHitInVain)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
+    return RunBenchmarksWithWidgets(argc, argv);
 }

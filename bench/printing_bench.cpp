@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "bench/window_main.h"
 #include "form_source.h"
 #include "output/mod_print_rtf.h"
 #include "platform/desktop/printer.h"
@@ -81,11 +82,5 @@ BENCHMARK(PrintTable)->Arg(100)->Arg(2000)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarksWithWidgets(argc, argv);
 }

@@ -14,6 +14,7 @@
 #include <QTextDocument>
 #include <memory>
 
+#include "bench/window_main.h"
 #include "form_source.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/rich_text/rtf_reader.h"
@@ -250,11 +251,5 @@ BENCHMARK(PrintAllPages)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunBenchmarksWithWidgets(argc, argv);
 }

@@ -6,6 +6,7 @@
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
+#include "tests/support/editor_pages.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -40,14 +41,8 @@ struct Desk {
 class FileCommandsFocusTest : public QObject {
     Q_OBJECT
 
-    static void Pages() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("edited form") << int(Tab::EditForm);
-        QTest::newRow("own form") << int(Tab::MyForms);
-    }
-
 private Q_SLOTS:
-    void AfterSavingThePaneHasTheKeyboard_data() { Pages(); }
+    void AfterSavingThePaneHasTheKeyboard_data() { EachEditorPage(); }
     void AfterSavingThePaneHasTheKeyboard() {
         QFETCH(int, tab);
         Desk desk;
@@ -72,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), desk.Pane(Tab::MyForms));
     }
 
-    void AfterOpeningThePaneHasTheKeyboard_data() { Pages(); }
+    void AfterOpeningThePaneHasTheKeyboard_data() { EachEditorPage(); }
     void AfterOpeningThePaneHasTheKeyboard() {
         QFETCH(int, tab);
         Desk desk;
@@ -86,7 +81,7 @@ private Q_SLOTS:
         QVERIFY(!QGuiApplication::overrideCursor());
     }
 
-    void AfterAConversionThePaneHasTheKeyboardAtItsStart_data() { Pages(); }
+    void AfterAConversionThePaneHasTheKeyboardAtItsStart_data() { EachEditorPage(); }
     void AfterAConversionThePaneHasTheKeyboardAtItsStart() {
         QFETCH(int, tab);
         Desk desk;

@@ -6,6 +6,7 @@
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
+#include "tests/support/editor_pages.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -142,11 +143,7 @@ private Q_SLOTS:
             QVERIFY(!moment.enabled);
     }
 
-    void TheClipboardCarriesThePane_data() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("edited form") << int(Tab::EditForm);
-        QTest::newRow("own form") << int(Tab::MyForms);
-    }
+    void TheClipboardCarriesThePane_data() { EachEditorPage(); }
     void TheClipboardCarriesThePane() {
         QFETCH(int, tab);
         Desk desk;
@@ -324,11 +321,7 @@ private Q_SLOTS:
         QCOMPARE(desk.window.services.messageBox.shown[0].text, u"Spell & Grammar Check completed!   "_qs);
     }
 
-    void ThePaneHasTheKeyboardAtTheEnd_data() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("edited form") << int(Tab::EditForm);
-        QTest::newRow("own form") << int(Tab::MyForms);
-    }
+    void ThePaneHasTheKeyboardAtTheEnd_data() { EachEditorPage(); }
     void ThePaneHasTheKeyboardAtTheEnd() {
         QFETCH(int, tab);
         Desk desk;

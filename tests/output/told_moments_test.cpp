@@ -9,6 +9,7 @@
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_application.h"
 #include "platform/word/word_clipboard.h"
+#include "tests/support/editor_pages.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -100,14 +101,8 @@ struct Desk {
 class ToldMomentsTest : public QObject {
     Q_OBJECT
 
-    static void Pages() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("edited form") << int(Tab::EditForm);
-        QTest::newRow("own form") << int(Tab::MyForms);
-    }
-
 private Q_SLOTS:
-    void ADocumentIsToldOnceTheWordProcessorIsGoneAndBeforeTheWindowChanges_data() { Pages(); }
+    void ADocumentIsToldOnceTheWordProcessorIsGoneAndBeforeTheWindowChanges_data() { EachEditorPage(); }
     void ADocumentIsToldOnceTheWordProcessorIsGoneAndBeforeTheWindowChanges() {
         QFETCH(int, tab);
         Desk desk{Tab(tab)};
@@ -178,7 +173,7 @@ private Q_SLOTS:
         QVERIFY(!desk.window.Variables().WordApp);
     }
 
-    void ARichTextFileIsToldOnceThePaneHasTheKeyboard_data() { Pages(); }
+    void ARichTextFileIsToldOnceThePaneHasTheKeyboard_data() { EachEditorPage(); }
     void ARichTextFileIsToldOnceThePaneHasTheKeyboard() {
         QFETCH(int, tab);
         Desk desk{Tab(tab)};
