@@ -114,7 +114,10 @@ frmMain::frmMain(platform::Services& services, const QString& executableFolder)
     menuTree->TakeShortcutsFromFields(this);
 }
 
-frmMain::~frmMain() = default;
+// Hidden while everything is still there: the control that loses the keyboard may have something to tell.
+frmMain::~frmMain() {
+    hide();
+}
 
 void frmMain::BuildFrame() {
     menuTree = new MenuTree(this);

@@ -122,7 +122,7 @@ void ListBox::AddItems(const QStringList& texts) {
 
 void ListBox::RemoveItem(int index) {
     const QScopedValueRollback quiet(m_quiet, true);
-    m_typing.stop();
+    StopTyping();
     // removing the selected entry selects none, not its neighbour
     if (index == ListIndex())
         setCurrentIndex({});
@@ -131,7 +131,7 @@ void ListBox::RemoveItem(int index) {
 
 void ListBox::Clear() {
     const QScopedValueRollback quiet(m_quiet, true);
-    m_typing.stop();
+    StopTyping();
     m_model->Clear();
 }
 
@@ -153,7 +153,7 @@ QStringList ListBox::Items() const {
 
 void ListBox::SetItems(const QStringList& items) {
     const QScopedValueRollback quiet(m_quiet, true);
-    m_typing.stop();
+    StopTyping();
     m_model->Replace(items);
     FitEntries();
 }
@@ -173,7 +173,7 @@ int ListBox::ListIndex() const {
 void ListBox::setListIndex(int index) {
     if (index < 0 || index >= ListCount())
         return;
-    m_typing.stop();
+    StopTyping();
     {
         const QScopedValueRollback quiet(m_quiet, true);
         setCurrentIndex(m_model->index(index));
@@ -194,7 +194,7 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
         event->accept();
         return;
     }
-    m_typing.stop();
+    StopTyping();
     m_mouseDown = true;
     QListView::mousePressEvent(event);
 }
@@ -226,7 +226,7 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
         QListView::keyPressEvent(event);
         return;
     }
-    m_typing.stop();
+    StopTyping();
     Q_EMIT Click();
 }
 
@@ -240,6 +240,7 @@ void ListBox::keyboardSearch(const QString& search) {
         QListView::keyboardSearch(search);
     }
     m_typing.start(QApplication::keyboardInputInterval(), this);
+    qApp->installEventFilter(this);
 }
 
 void ListBox::timerEvent(QTimerEvent* event) {
@@ -249,8 +250,35 @@ void ListBox::timerEvent(QTimerEvent* event) {
         QListView::timerEvent(event);
 }
 
-void ListBox::ChooseTyped() {
+// A button or a shortcut that comes before the pause is over works on the entry typed, as it is seen
+// selected.
+bool ListBox::eventFilter(QObject* watched, QEvent* event) {
+    bool acts = false;
+    if (event->type() == QEvent::MouseButtonPress) {
+        acts = watched->isWidgetType() && watched != viewport();
+    } else if (event->type() == QEvent::ShortcutOverride && watched == this) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        acts = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) ||
+               (key->key() >= Qt::Key_F1 && key->key() <= Qt::Key_F35);
+    }
+    if (acts)
+        ChooseTyped();
+    return QListView::eventFilter(watched, event);
+}
+
+void ListBox::focusOutEvent(QFocusEvent* event) {
+    if (m_typing.isActive())
+        ChooseTyped();
+    QListView::focusOutEvent(event);
+}
+
+void ListBox::StopTyping() {
     m_typing.stop();
+    qApp->removeEventFilter(this);
+}
+
+void ListBox::ChooseTyped() {
+    StopTyping();
     if (ListIndex() >= 0 && ListIndex() != m_typedFrom)
         Q_EMIT Click();
 }
@@ -268,7 +296,7 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
     QListView::currentChanged(current, previous);
     if (m_quiet || m_mouseDown || !current.isValid())
         return;
-    m_typing.stop();
+    StopTyping();
     Q_EMIT Click();
 }
 

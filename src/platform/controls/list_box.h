@@ -49,8 +49,8 @@ public:
 
 Q_SIGNALS:
     // The user chose an entry by mouse or key, or the program by setText or setListIndex. An entry whose
-    // first letters are typed is chosen when no further letter comes; Enter chooses what is selected at once,
-    // and again.
+    // first letters are typed is chosen when no further letter comes, or before anything else that the user
+    // does; Enter chooses what is selected at once, and again.
     void Click();
     void DoubleClick();
     // The mouse moved over the list, over the entry of an index or, with -1, beside all of them.
@@ -65,12 +65,15 @@ protected:
     void keyboardSearch(const QString& search) override;
     void timerEvent(QTimerEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     void FitEntries();
     QModelIndex EntryAt(const QPoint& place) const; // only an entry of which a line is seen
     void ChooseTyped();
+    void StopTyping();
 
     ListModel* m_model;
     bool m_wraps = false;

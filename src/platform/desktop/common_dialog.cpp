@@ -7,9 +7,16 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QScreen>
+#include <QSettings>
 #include <QTreeView>
 
 namespace platform {
+
+// Qt's dialogs would write the folders visited and the colours mixed to a file of their own, in the clear and
+// for every program that uses Qt. Below what is no folder they find nothing and write nothing.
+CommonDialog::CommonDialog() {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
 
 bool CommonDialog::ShowFont(QWidget* parent, FontChoice& choice) {
     FontDialog dialog(choice, parent);

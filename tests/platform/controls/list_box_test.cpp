@@ -163,6 +163,48 @@ private Q_SLOTS:
         QCOMPARE(clicks.size(), 1);
     }
 
+    void AnythingElseTheUserDoesFindsTheTypedEntryChosen_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::newRow("a button") << 0 << 0;
+        QTest::newRow("a shortcut") << int(Qt::Key_S) << int(Qt::ControlModifier);
+        QTest::newRow("a function key") << int(Qt::Key_F5) << 0;
+        QTest::newRow("the next control") << int(Qt::Key_Tab) << 0;
+    }
+    void AnythingElseTheUserDoesFindsTheTypedEntryChosen() {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QWidget window;
+        QVBoxLayout column(&window);
+        ListBox list(true);
+        QPushButton button;
+        button.setFocusPolicy(key == Qt::Key_Tab ? Qt::StrongFocus : Qt::NoFocus);
+        column.addWidget(&list);
+        column.addWidget(&button);
+        list.AddItems({u"Deed"_qs, u"Motions"_qs});
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        list.setFocus();
+        QStringList told;
+        connect(&list, &ListBox::Click, &window, [&] { told += u"chosen"_qs; });
+        connect(&button, &QPushButton::clicked, &window, [&] { told += u"done"_qs; });
+        for (const QKeySequence& keys : {QKeySequence(Qt::CTRL | Qt::Key_S), QKeySequence(Qt::Key_F5)})
+            connect(new QShortcut(keys, &window), &QShortcut::activated, &window,
+                    [&] { told += u"done"_qs; });
+        QTest::keyClick(&list, Qt::Key_M);
+        QCOMPARE(told, QStringList());
+        if (key == 0)
+            QTest::mouseClick(&button, Qt::LeftButton);
+        else
+            QTest::keyClick(window.windowHandle(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+        if (key == Qt::Key_Tab)
+            QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(told, QStringList({u"chosen"_qs, u"done"_qs}));
+        QCOMPARE(list.Text(), u"Motions"_qs);
+        QTest::qWait(QApplication::keyboardInputInterval() + 100);
+        QCOMPARE(told.size(), 2); // once only
+    }
+
     void EnterChoosesTheSelectedEntryAgain() {
         ListBox list(true);
         list.AddItems({u"Deed"_qs, u"Motions"_qs});

@@ -131,6 +131,16 @@ private Q_SLOTS:
         QVERIFY(isWhole);
     }
 
+    void WhereTheUserWasIsNotWrittenDown() {
+        FileChoice choice = Choice(Path(u"old.rtf"_qs));
+        InDialog([this](QFileDialog& dialog) { Enter(dialog, Path(u"old.rtf"_qs)); });
+        CommonDialog dialogs;
+        QVERIFY(dialogs.ShowOpen(nullptr, choice));
+        QSettings settings(QSettings::UserScope, u"QtProject"_qs); // where Qt's dialogs keep it
+        QVERIFY2(!QFile::exists(settings.fileName()), qPrintable(settings.fileName()));
+        QCOMPARE(settings.allKeys(), QStringList());
+    }
+
     void NoPopUpOutlivesTheDialog() {
         FileChoice choice = Choice();
         bool wasOpen = false;
