@@ -11,6 +11,7 @@ namespace platform {
 namespace {
 
 constexpr auto kStartPatience = std::chrono::seconds(30); // for one that makes progress
+constexpr auto kDeathPatience = std::chrono::seconds(1);  // from the end of its pipe to its own
 constexpr auto kQuitPatience = std::chrono::seconds(5);
 constexpr auto kConnectPause = std::chrono::milliseconds(25);
 constexpr auto kLookPause = std::chrono::milliseconds(250);
@@ -120,7 +121,9 @@ bool OfficeInstance::Quit() {
         return false;
     enum class Answer { Ends, Stays, HasOthers };
     const auto answer = Call([process = m_process](WriterSession& session) {
-        if (session.HoldsOtherDocuments())
+        // what does not tell and goes on living may hold some
+        const auto holdsOthers = session.HoldsOtherDocuments();
+        if (holdsOthers ? *holdsOthers : !process->WaitForEnd(kDeathPatience))
             return Answer::HasOthers;
         session.Terminate(); // it may be gone before it answers
         return process->WaitForEnd(kQuitPatience) ? Answer::Ends : Answer::Stays;

@@ -37,7 +37,12 @@ void OfficeWorker::State::Work() {
         const Job current = std::move(job);
         job = nullptr;
         lock.unlock();
-        current(*session);
+        try {
+            current(*session);
+        } catch (...) {
+            // no function of a session throws; should one when LibreOffice dies, the job has no result, and
+            // the program does not die with it
+        }
         lock.lock();
         busy = false;
         if (waiting)

@@ -67,7 +67,8 @@ struct Desk {
 // What the user is told when the command's word processor is gone from a call on.
 QString ToldAfter(const QString& command, const QString& call) {
     if (command == u"save")
-        return call == u"Quit" ? u"Form successfully saved as:   \nnew.doc   "_qs : kNotSaved;
+        return call == u"Close" || call == u"Quit" ? u"Form successfully saved as:   \nnew.doc   "_qs
+                                                   : kNotSaved;
     if (command == u"open")
         return u"An error occured while opening old.doc.   "_qs;
     return command == u"check" ? kChecked : QString();
@@ -99,7 +100,8 @@ class WriterAccidentsTest : public QObject {
         QVERIFY(desk.IsAtRest(command == u"open" ? u"Converting old.doc..."_qs : kHome));
         QCOMPARE(desk.window->txtContent()->Text(), u"Deed of Sale"_qs);
         QVERIFY(desk.window.services.printer.printed.isEmpty()); // nor the direct way
-        QCOMPARE(QFile::exists(desk.Path(u"new.doc"_qs)), command == u"save" && call == u"Quit");
+        QCOMPARE(QFile::exists(desk.Path(u"new.doc"_qs)),
+                 command == u"save" && (call == u"Close" || call == u"Quit"));
         QVERIFY(m_writer->HasNoProcesses());
         QVERIFY(m_writer->HasNoLocks());
     }
@@ -126,6 +128,7 @@ private Q_SLOTS:
         QTest::newRow("preview, in it") << u"preview"_qs << u"PrintPreview"_qs;
         QTest::newRow("save, at the page") << u"save"_qs << u"PageSetup"_qs;
         QTest::newRow("save, at the file") << u"save"_qs << u"SaveAs"_qs;
+        QTest::newRow("save, when it is closed") << u"save"_qs << u"Close"_qs;
         QTest::newRow("save, at the end") << u"save"_qs << u"Quit"_qs;
         QTest::newRow("open, at the file") << u"open"_qs << u"Open"_qs;
         QTest::newRow("open, at the copy") << u"open"_qs << u"Copy"_qs;

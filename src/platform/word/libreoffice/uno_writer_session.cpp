@@ -109,14 +109,11 @@ bool UnoWriterSession::OpenDocument(const QString& path) {
 }
 
 bool UnoWriterSession::CloseDocument() {
-    const Reference<css::util::XCloseable> document(m_document, UNO_QUERY);
-    if (!document.is())
-        return false;
     for (int attempt = 0; attempt < kCloseAttempts; ++attempt) {
         bool vetoed = false;
         const bool closed = Succeeds([&] {
             try {
-                document->close(false);
+                Reference<css::util::XCloseable>(m_document, UNO_QUERY_THROW)->close(false);
                 return true;
             } catch (const css::util::CloseVetoException&) {
                 vetoed = true;
@@ -143,9 +140,9 @@ bool UnoWriterSession::LeaveDocument() {
     });
 }
 
-bool UnoWriterSession::HoldsOtherDocuments() {
+std::optional<bool> UnoWriterSession::HoldsOtherDocuments() {
     bool others = false;
-    Succeeds([&] {
+    const bool known = Succeeds([&] {
         const Reference<css::container::XEnumeration> components =
             m_desktop->getComponents()->createEnumeration();
         while (components->hasMoreElements()) {
@@ -155,12 +152,12 @@ bool UnoWriterSession::HoldsOtherDocuments() {
         }
         return true;
     });
-    return others;
+    return known || others ? std::optional(others) : std::nullopt;
 }
 
 bool UnoWriterSession::Terminate() {
     return Succeeds([&] {
-        if (!m_desktop.is() || HoldsOtherDocuments())
+        if (!m_desktop.is() || HoldsOtherDocuments().value_or(true))
             return false;
         return bool(m_desktop->terminate());
     });

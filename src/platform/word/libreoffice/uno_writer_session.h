@@ -34,7 +34,7 @@ public:
     bool CloseDocument() override;
     bool LeaveDocument() override;
     bool Terminate() override;
-    bool HoldsOtherDocuments() override;
+    std::optional<bool> HoldsOtherDocuments() override;
 
     bool Paste(const QByteArray& richText) override;
     bool SelectAll() override;

@@ -37,8 +37,8 @@ public:
     virtual bool LeaveDocument() = 0;
     // Ends the instance unless it holds documents that are not ours. It may take a moment to be gone.
     virtual bool Terminate() = 0;
-    // Whether the user has opened documents of his own in this instance.
-    virtual bool HoldsOtherDocuments() = 0;
+    // Whether the user has opened documents of his own in this instance. Nothing when it does not tell.
+    virtual std::optional<bool> HoldsOtherDocuments() = 0;
 
     virtual bool Paste(const QByteArray& richText) = 0; // in place of the selection
     virtual bool SelectAll() = 0;
