@@ -100,7 +100,7 @@ private Q_SLOTS:
         choice.asksBeforeOverwriting = asks;
         bool asked = false;
         InDialog([&](QFileDialog& dialog) {
-            QTimer::singleShot(0, qApp, [&] {
+            QTimer::singleShot(0, &dialog, [&asked] { // no longer than the dialog
                 auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
                 asked = box != nullptr;
                 if (box)
