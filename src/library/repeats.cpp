@@ -22,8 +22,8 @@ static std::vector<qsizetype> RepeatsIn(const QStringList& entries) {
     return repeats;
 }
 
-QStringList WithoutRepeats(const QStringList& entries) {
-    const std::vector<qsizetype> repeats = RepeatsIn(entries);
+// The entries but those at the places, which ascend.
+static QStringList Without(const QStringList& entries, const std::vector<qsizetype>& repeats) {
     QStringList kept;
     kept.reserve(entries.size() - qsizetype(repeats.size()));
     auto next = repeats.begin();
@@ -36,13 +36,17 @@ QStringList WithoutRepeats(const QStringList& entries) {
     return kept;
 }
 
+QStringList WithoutRepeats(const QStringList& entries) {
+    return Without(entries, RepeatsIn(entries));
+}
+
 void RemoveRepeats(platform::ListBox& list) {
     const QStringList before = list.Items();
     const std::vector<qsizetype> repeats = RepeatsIn(before);
     if (repeats.empty())
         return;
     if (list.ListIndex() < 0) {
-        list.SetItems(WithoutRepeats(before));
+        list.SetItems(Without(before, repeats));
         return;
     }
     // one by one, so that the selection keeps its entry; from the end, so that no other moves before its turn

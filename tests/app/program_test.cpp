@@ -36,6 +36,19 @@ public:
     int asked = 0;
 };
 
+// A start that is the first of its session for real, so that a second one finds it.
+struct FirstStart {
+    const QString title = u"Quillbrook PRO"_qs;
+    TestLibrary library{SomeForms()};
+    QTemporaryDir runtime;
+    platform::SingleInstance instance{u"test"_qs, title, runtime.path()};
+    ScriptedServices scripted;
+    platform::Services services{
+        scripted.messageBox,    instance,       scripted.commonDialog, scripted.printer,
+        scripted.wordProcessor, scripted.sound, scripted.help};
+    frmProgram program{services, library.Folder()};
+};
+
 class ProgramTest : public QObject {
     Q_OBJECT
 
@@ -168,20 +181,13 @@ private Q_SLOTS:
     }
 
     void ASecondStartWhileTheSplashStandsFindsIt() {
-        const TestLibrary library(SomeForms());
-        const QTemporaryDir runtime;
-        const QString title = u"Quillbrook PRO"_qs;
-        platform::SingleInstance first(u"test"_qs, title, runtime.path());
-        ScriptedServices scripted;
-        platform::Services services{
-            scripted.messageBox,    first,          scripted.commonDialog, scripted.printer,
-            scripted.wordProcessor, scripted.sound, scripted.help};
-        frmProgram program(services, library.Folder());
+        FirstStart first;
+        frmProgram& program = first.program;
         program.Start();
         program.Splash()->Stop(); // it stays
-        platform::SingleInstance second(u"test"_qs, title, runtime.path());
+        platform::SingleInstance second(u"test"_qs, first.title, first.runtime.path());
         std::atomic<int> found = -1;
-        std::thread asking([&] { found = second.BringForward(title) ? 1 : 0; });
+        std::thread asking([&] { found = second.BringForward(first.title) ? 1 : 0; });
         [&] { QTRY_VERIFY(found.load() >= 0); }();
         asking.join();
         QCOMPARE(found.load(), 1);
@@ -189,25 +195,18 @@ private Q_SLOTS:
     }
 
     void ASecondStartBringsTheMainWindowBackFromItsMinimisedState() {
-        const TestLibrary library(SomeForms());
-        const QTemporaryDir runtime;
-        const QString title = u"Quillbrook PRO"_qs;
-        platform::SingleInstance first(u"test"_qs, title, runtime.path());
-        ScriptedServices scripted;
-        platform::Services services{
-            scripted.messageBox,    first,          scripted.commonDialog, scripted.printer,
-            scripted.wordProcessor, scripted.sound, scripted.help};
-        frmProgram program(services, library.Folder());
+        FirstStart first;
+        frmProgram& program = first.program;
         Run(program);
         frmMain* window = program.MainWindow();
         QVERIFY(QTest::qWaitForWindowActive(window));
         window->showMinimized();
         QTRY_VERIFY(window->isMinimized());
-        platform::SingleInstance second(u"test"_qs, title, runtime.path());
+        platform::SingleInstance second(u"test"_qs, first.title, first.runtime.path());
         QVERIFY(second.EarlierInstanceRuns());
         bool found = false;
         // the first answers from its event loop, which has to run meanwhile
-        std::thread asking([&] { found = second.BringForward(title); });
+        std::thread asking([&] { found = second.BringForward(first.title); });
         QTRY_VERIFY(!window->isMinimized());
         asking.join();
         QVERIFY(found);
