@@ -61,16 +61,15 @@ bool EditorPanes::HandleKey(RichTextBox* pane, const QKeyEvent& event) {
         LeaveByTab(pane, !back);
         return true;
     }
-    if (event.matches(QKeySequence::Undo)) {
-        m_workbench.Menu(QStringLiteral("mnuUndo"))->trigger();
-        return true;
-    }
-    if (event.matches(QKeySequence::Redo) ||
-        (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier)) {
-        m_workbench.Menu(QStringLiteral("mnuRedo"))->trigger();
-        return true;
-    }
-    return false;
+    const bool isUndo = event.matches(QKeySequence::Undo);
+    const bool isRedo = event.matches(QKeySequence::Redo) ||
+                        (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier);
+    if (!isUndo && !isRedo)
+        return false;
+    if (!event.text().isEmpty())
+        m_state.DocumentSaved = false; // control characters too, which do not come to the box here
+    m_workbench.Menu(isUndo ? QStringLiteral("mnuUndo") : QStringLiteral("mnuRedo"))->trigger();
+    return true;
 }
 
 void EditorPanes::Connect(RichTextBox* pane) {

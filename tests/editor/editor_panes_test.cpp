@@ -28,6 +28,12 @@ class EditorPanesTest : public QObject {
         return Main().ActivePane();
     }
 
+    static void EitherPane() {
+        QTest::addColumn<int>("tab");
+        QTest::newRow("form") << 2;
+        QTest::newRow("my form") << 5;
+    }
+
 private Q_SLOTS:
     void init() {
         m_window = std::make_unique<TestWindow>();
@@ -253,11 +259,7 @@ private Q_SLOTS:
 
     // --- keys
 
-    void ACharacterMakesTheDocumentUnsavedInEitherPane_data() {
-        QTest::addColumn<int>("tab");
-        QTest::newRow("form") << 2;
-        QTest::newRow("my form") << 5;
-    }
+    void ACharacterMakesTheDocumentUnsavedInEitherPane_data() { EitherPane(); }
     void ACharacterMakesTheDocumentUnsavedInEitherPane() {
         QFETCH(int, tab);
         RichTextBox* pane = Go(Tab(tab));
@@ -289,6 +291,26 @@ private Q_SLOTS:
         QCOMPARE(pane->Text(), u"a"_qs);
         QTest::keyClick(pane, Qt::Key_Y, Qt::ControlModifier);
         QCOMPARE(pane->Text(), u"ab"_qs);
+    }
+
+    void TheKeysOfUndoAndRedoCountAsCharacters_data() { EitherPane(); }
+    void TheKeysOfUndoAndRedoCountAsCharacters() {
+        QFETCH(int, tab);
+        RichTextBox* pane = Go(Tab(tab));
+        QTest::keyClicks(pane, u"abc"_qs);
+        const auto savedAfter = [&](Qt::Key key) {
+            Main().State().DocumentSaved = true;
+            QTest::keyClick(pane, key, Qt::ControlModifier);
+            return Main().State().DocumentSaved;
+        };
+        QVERIFY(!savedAfter(Qt::Key_Z));
+        QCOMPARE(pane->Text(), u"ab"_qs);
+        QVERIFY(!savedAfter(Qt::Key_Y));
+        QCOMPARE(pane->Text(), u"abc"_qs);
+        QVERIFY(!savedAfter(Qt::Key_Y)); // nothing is left to bring again
+        while (Main().Menu(u"mnuUndo"_qs)->isEnabled())
+            QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(Main().State().DocumentSaved); // the first state counts as unchanged
     }
 
     // --- font combos
