@@ -47,7 +47,10 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     connect(btnUpdate, &MyButton::Click, this, &MyFormsPage::UpdateMyForm);
     connect(btnCancelNew, &MyButton::Click, this, &MyFormsPage::CancelNewMyForm);
     connect(btnDelete, &MyButton::Click, this, &MyFormsPage::DeleteMyForm);
-    connect(txtMyTitle, &QLineEdit::editingFinished, this, &MyFormsPage::ShowBeginnings);
+    connect(txtMyTitle, &QLineEdit::editingFinished, this, [this] {
+        if (txtMyTitle->window()->focusWidget() != txtMyTitle) // not only lent to a menu or another window
+            ShowBeginnings();
+    });
     connect(txtMyTitle, &QLineEdit::returnPressed, this, [this] { SetFocus(cboMySubCategory); });
     connect(cboMySubCategory->lineEdit(), &QLineEdit::returnPressed, this,
             [this] { SetFocus(m_workbench.txtMyContent()); });

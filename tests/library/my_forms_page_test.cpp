@@ -50,21 +50,6 @@ private Q_SLOTS:
         QCOMPARE(window->myFormsPage->Frame6->Caption(), u"My Form's Title:"_qs);
     }
 
-    void TheTitlesLieOverTheFieldsUntilTheyAreHidden() {
-        GoTo(MyFormsMode::Browsing);
-        QWidget* page = Page().fmeMyTitle->parentWidget();
-        const auto isSeen = [page](QWidget* frame) {
-            const QWidget* seen = page->childAt(frame->geometry().center());
-            return seen == frame || frame->isAncestorOf(seen);
-        };
-        QVERIFY(isSeen(Page().fmeMyTitle));
-        QVERIFY(!isSeen(Page().Frame5));
-        QVERIFY(!isSeen(Page().Frame6));
-        Page().btnEdit->click();
-        QVERIFY(isSeen(Page().Frame5));
-        QVERIFY(isSeen(Page().Frame6));
-    }
-
     // --- transitions
 
     void EditDoubleClickAndAClickIntoThePaneShowTheFields_data() {
@@ -325,6 +310,9 @@ private Q_SLOTS:
     void CancelGoesBackWithoutAsking() {
         QFETCH(bool, withEntries);
         GoTo(withEntries ? MyFormsMode::Browsing : MyFormsMode::Empty);
+        if (withEntries)
+            TestWindow::ClickEntry(Page().lstMySubCategory, 1);
+        Main().searchPage->btnNextHit->show();
         Page().btnNew->click();
         Fill(u"Half"_qs, u"Way"_qs, u"done"_qs);
         Main().State().DocumentSaved = false;
@@ -332,8 +320,14 @@ private Q_SLOTS:
         QVERIFY(Box().shown.empty());
         QVERIFY(!Main().State().DocumentSaved);
         Verify(withEntries ? MyFormsMode::Browsing : MyFormsMode::Empty);
-        if (withEntries)
+        QVERIFY(HasFocus(&Pane()));
+        NothingToUndo();
+        QCOMPARE(Main().searchPage->btnNextHit->isHidden(),
+                 withEntries); // where a form is shown in its place
+        if (withEntries) {     // the first one, whichever was on display before
+            QCOMPARE(Page().lstMySubCategory->ListIndex(), 0);
             QCOMPARE(Pane().Text(), u"Text of Annual Report"_qs);
+        }
     }
 
     void DeleteAsksAndDeletesOnYes_data() {
@@ -344,11 +338,13 @@ private Q_SLOTS:
     void DeleteAsksAndDeletesOnYes() {
         QFETCH(MyFormsMode, from);
         GoTo(from);
+        Main().State().DocumentSaved = false;
         Page().btnDelete->click();
         VerifyOneMessage(u"Delete Current Form?   "_qs, platform::MessageButtons::YesNo);
         Verify(from);
         QCOMPARE(Page().lstMyTitle->ListCount(), 2);
-        Main().State().DocumentSaved = false;
+        QCOMPARE(Page().txtMyTitle->text(), u"Annual Report"_qs);
+        QVERIFY(!Main().State().DocumentSaved);
         Box().answer = MessageAnswer::Yes;
         Page().btnDelete->click();
         Verify(MyFormsMode::Browsing);
@@ -369,12 +365,18 @@ private Q_SLOTS:
         QCOMPARE(Pane().Text(), QString());
         QCOMPARE(Page().lstMyTitle->ListCount(), 0);
         QCOMPARE(Page().cboMySubCategory->ListCount(), 0);
+        QVERIFY(HasFocus(&Pane()));
+        NothingToUndo();
     }
 
     void DeleteInAnEmptyCollectionFindsNoForm() {
         GoTo(MyFormsMode::Empty);
+        Main().State().DocumentSaved = false;
+        Pane().setFocus();
         Page().DeleteMyForm();
         VerifyOneMessage(u"No Form was Found!   "_qs);
+        QVERIFY(HasFocus(&Pane()));
+        QVERIFY(!Main().State().DocumentSaved);
         Verify(MyFormsMode::Empty);
     }
 
@@ -394,30 +396,6 @@ private Q_SLOTS:
     }
 
     // --- what stands beside the table
-
-    void EnterMovesOnThroughTheFields() {
-        GoTo(MyFormsMode::Composing);
-        QTest::keyClick(Page().txtMyTitle, Qt::Key_Return);
-        QVERIFY(HasFocus(Page().cboMySubCategory));
-        QTest::keyClick(Page().cboMySubCategory->lineEdit(), Qt::Key_Return);
-        QVERIFY(HasFocus(&Pane()));
-    }
-
-    void ALongTitleShowsItsBeginning() {
-        Open({Own(u"Claim against the heirs of Don Santiago"_qs, u"Land cases of the second district"_qs)});
-        QCOMPARE(Page().txtMyTitle->cursorPosition(), 0);
-        QCOMPARE(Page().cboMySubCategory->lineEdit()->cursorPosition(), 0);
-        Page().btnNew->click();
-        QTest::keyClicks(Page().txtMyTitle, u"Deed of Sale"_qs);
-        QTest::keyClick(Page().txtMyTitle, Qt::Key_Return);
-        QCOMPARE(Page().txtMyTitle->cursorPosition(), 0);
-    }
-
-    void LongEntriesAreReadWhole() {
-        Open({Own(u"Claim of the heirs of Don Santiago of the second district"_qs, u"Land"_qs)});
-        const platform::ListBox& titles = *Page().lstMyTitle;
-        QVERIFY(titles.visualRect(titles.model()->index(0, 0)).height() > 2 * titles.fontMetrics().height());
-    }
 
     void ATitleHidesTheHitControls() {
         GoTo(MyFormsMode::Browsing);
