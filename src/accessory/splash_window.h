@@ -17,7 +17,8 @@ class SplashPicture;
 
 // What the user sees while the main window is built: a picture, and a row of dots that grows in the title
 // bar. It is also what asks for the main window to be loaded and, at the end of its chain of timers, to be
-// shown. The chain begins when the window has been painted once.
+// shown. The chain begins when the window has been painted once, or soon after it was shown on a desktop that
+// does not paint it.
 class frmSplash final : public QWidget {
     Q_OBJECT
 

@@ -7,6 +7,18 @@
 
 using namespace quillbrook;
 
+// Where the splash stands at each beep.
+class PlacingSound final : public platform::SoundService {
+public:
+    void Beep() override {
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (window->objectName() == u"frmSplash"_qs)
+                places.append(window->pos());
+    }
+
+    QList<QPoint> places;
+};
+
 class SplashWindowTest : public QObject {
     Q_OBJECT
 
@@ -43,6 +55,13 @@ private Q_SLOTS:
         QCOMPARE(splash.pos(), QPoint(screen.width() / 2 - 200, screen.height() / 2 - 117));
     }
 
+    void TheBeepIsTheLastOfItsLoad() {
+        PlacingSound sound;
+        const frmSplash splash(sound);
+        QCOMPARE(sound.places, QList<QPoint>{splash.pos()});
+        QVERIFY(!splash.pos().isNull());
+    }
+
     void ThePictureIsDrawnSharpAndInColor() {
         CountedSound sound;
         frmSplash splash(sound);
@@ -63,6 +82,19 @@ private Q_SLOTS:
         splash.show();
         QTRY_VERIFY(paintedBefore >= 0);
         QVERIFY(paintedBefore > 0);
+    }
+
+    void ADesktopThatNeverPaintsItDoesNotHoldUpTheStart() {
+        CountedSound sound;
+        frmSplash splash(sound);
+        splash.setUpdatesEnabled(false);
+        QSignalSpy painted(splash.Image1, &SplashPicture::Painted);
+        QSignalSpy loads(&splash, &frmSplash::LoadMainWindow);
+        QSignalSpy handOvers(&splash, &frmSplash::HandOver);
+        splash.show();
+        QVERIFY(handOvers.wait(5000));
+        QCOMPARE(loads.size(), 1);
+        QCOMPARE(painted.size(), 0);
     }
 
     // The load blocks the event loop: nothing moves meanwhile, and all nine texts come after it.

@@ -11,6 +11,7 @@
 #include <QtTest>
 #include <QtWidgets>
 #include <atomic>
+#include <functional>
 #include <thread>
 
 using namespace quillbrook;
@@ -56,18 +57,41 @@ class ProgramTest : public QObject {
     struct Watched {
         QStringList captions; // of the splash, the first one included
         QStringList captionsWithMainWindow;
-        qint64 lastCaptionAt = 0; // ms
+        bool loadedBeforeTheDots = false; // the main window, whole
+        bool splashHiddenNotGone = false; // when the main window is shown
+        qint64 lastCaptionAt = 0;         // ms
         qint64 mainWindowAt = 0;
+    };
+
+    class ShowFilter final : public QObject {
+    public:
+        explicit ShowFilter(std::function<void()> shown)
+            : m_shown(std::move(shown)) {}
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Show)
+                m_shown();
+            return false;
+        }
+
+    private:
+        std::function<void()> m_shown;
     };
 
     static Watched Run(frmProgram& program) {
         Watched watched;
+        ShowFilter filter(
+            [&] { watched.splashHiddenNotGone = program.Splash() && program.Splash()->isHidden(); });
         QElapsedTimer clock;
         clock.start();
         program.Start();
         frmSplash* splash = program.Splash();
         watched.captions.append(splash->windowTitle());
         QObject::connect(splash, &QWidget::windowTitleChanged, splash, [&](const QString& caption) {
+            if (watched.captions.size() == 1 && program.MainWindow()) {
+                watched.loadedBeforeTheDots =
+                    program.MainWindow()->Windows().IsLoaded(u"frmPageSetup"_qs); // the load's last step
+                program.MainWindow()->installEventFilter(&filter);
+            }
             watched.captions.append(caption);
             watched.lastCaptionAt = clock.elapsed();
             if (program.MainWindow() && program.MainWindow()->isVisible())
@@ -97,6 +121,18 @@ private Q_SLOTS:
         QCOMPARE(services.sound.beeps, 1);
     }
 
+    void NeitherTheSplashNorTheMainWindowIsModal() {
+        const TestLibrary library(SomeForms());
+        ScriptedServices services;
+        frmProgram program(services.services, library.Folder());
+        program.Start();
+        QVERIFY(!program.Splash()->isModal());
+        QTRY_VERIFY_WITH_TIMEOUT(!program.Splash(), 20000);
+        QVERIFY(program.MainWindow()->isVisible());
+        QVERIFY(!program.MainWindow()->isModal());
+        program.MainWindow()->Store().CloseLibrary();
+    }
+
     void TheDotsRunThroughTheirTextsAndTheMainWindowFollows() {
         const TestLibrary library(SomeForms());
         ScriptedServices services;
@@ -106,7 +142,9 @@ private Q_SLOTS:
         for (const SplashStep& step : kSplashSteps)
             texts.append(QLatin1String(step.caption));
         QCOMPARE(watched.captions, texts);
+        QVERIFY(watched.loadedBeforeTheDots);
         QVERIFY(watched.captionsWithMainWindow.isEmpty());
+        QVERIFY(watched.splashHiddenNotGone);
         QVERIFY2(watched.mainWindowAt - watched.lastCaptionAt >= 45, // a timer of 50 ms, as the clock sees it
                  qPrintable(QString::number(watched.mainWindowAt - watched.lastCaptionAt)));
         QVERIFY(program.MainWindow()->isVisible());
@@ -143,16 +181,24 @@ private Q_SLOTS:
     }
 
     void ALoadThatFailsHandsOverAllTheSame_data() {
-        QTest::addColumn<bool>("noFile");
-        QTest::newRow("no library") << true;
-        QTest::newRow("one without forms") << false;
+        QTest::addColumn<QByteArray>("file"); // what the library file holds; empty for an unchanged one
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("no library") << QByteArray() << false;
+        QTest::newRow("one without forms") << QByteArray() << true;
+        QTest::newRow("one that is none") << QByteArray(100000, 'x') << true;
     }
     void ALoadThatFailsHandsOverAllTheSame() {
-        QFETCH(bool, noFile);
+        QFETCH(QByteArray, file);
+        QFETCH(bool, isThere);
         const TestLibrary library(std::vector<TestForm>{});
+        if (!file.isEmpty()) {
+            QFile damaged(library.Folder() + u"/Data/Forms.dat"_qs);
+            QVERIFY(damaged.open(QIODevice::WriteOnly));
+            QCOMPARE(damaged.write(file), file.size());
+        }
         QTemporaryDir nothing;
         ScriptedServices services;
-        frmProgram program(services.services, noFile ? nothing.path() : library.Folder());
+        frmProgram program(services.services, isThere ? library.Folder() : nothing.path());
         const Watched watched = Run(program);
         QCOMPARE(watched.captions.size(), 10);
         QVERIFY(program.MainWindow()->isVisible());
