@@ -139,6 +139,32 @@ private Q_SLOTS:
         QCOMPARE(Bar().cboFontSize->Text(), u"20"_qs);
     }
 
+    void BoldItalicAndUnderlineAreShownEachForItself_data() { EitherPane(); }
+    void BoldItalicAndUnderlineAreShownEachForItself() {
+        QFETCH(int, tab);
+        RichTextBox* pane = Go(Tab(tab));
+        pane->setText(u"bold italic underlined"_qs);
+        const auto select = [pane](int start, int length) {
+            pane->setSelStart(start);
+            pane->setSelLength(length);
+        };
+        select(0, 4);
+        pane->setSelBold(true);
+        select(5, 6);
+        pane->setSelItalic(true);
+        select(12, 10);
+        pane->setSelUnderline(true);
+        const auto pressed = [this] {
+            return QList<bool>{Bar().btnBold->Value(), Bar().btnItalic->Value(), Bar().btnUnderline->Value()};
+        };
+        select(0, 4);
+        QCOMPARE(pressed(), (QList<bool>{true, false, false}));
+        select(5, 6);
+        QCOMPARE(pressed(), (QList<bool>{false, true, false}));
+        select(12, 10);
+        QCOMPARE(pressed(), (QList<bool>{false, false, true}));
+    }
+
     void AMixedSelectionShowsNothingPressedAndTheCombosKeepTheirTexts() {
         RichTextBox* pane = Go(Tab::EditForm);
         pane->setText(u"plain bold"_qs);
