@@ -179,8 +179,8 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
     if (source == nullptr || isReadOnly())
         return;
-    if (const std::unique_ptr<QTextDocument> document = DocumentOfMime(*source))
-        InsertForeign(*document);
+    if (const std::unique_ptr<QTextDocument> pasted = DocumentOfMime(*source, document()->defaultFont()))
+        InsertForeign(*pasted);
     else if (const QString text = source->text(); !text.isEmpty() && text.size() <= kMostTextBytes)
         InsertText(text);
 }

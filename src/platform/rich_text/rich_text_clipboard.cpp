@@ -68,8 +68,9 @@ void SettleSize(QTextCharFormat& format) {
 }
 
 // HTML as it suits a box: no pictures, lists by paragraphs with markers of their own.
-std::unique_ptr<QTextDocument> HtmlDocument(const QString& html) {
+std::unique_ptr<QTextDocument> HtmlDocument(const QString& html, const QFont& font) {
     auto document = std::make_unique<ClosedDocument>();
+    document->setDefaultFont(font);
     document->setUndoRedoEnabled(false);
     document->setHtml(html.left(kMostHtml));
     if (FrameDepth(*document->rootFrame()) > kMostTableLevels)
@@ -263,7 +264,7 @@ QByteArray RtfOf(const QMimeData& data) {
     return {};
 }
 
-std::unique_ptr<QTextDocument> DocumentOfMime(const QMimeData& data) {
+std::unique_ptr<QTextDocument> DocumentOfMime(const QMimeData& data, const QFont& font) {
     if (const QByteArray source = RtfOf(data); !source.isEmpty() && source.size() <= kMostSourceBytes) {
         if (std::unique_ptr<QTextDocument> document = ReadRtf(source)) {
             // the last end of a paragraph is none in a file; the text tells whether it was selected
@@ -277,7 +278,7 @@ std::unique_ptr<QTextDocument> DocumentOfMime(const QMimeData& data) {
     }
     if (data.hasHtml() && data.html().size() <= kMostHtml) {
         // what a form cannot keep is not shown first to be lost with the first step of undo
-        if (const std::unique_ptr<QTextDocument> document = HtmlDocument(data.html()))
+        if (const std::unique_ptr<QTextDocument> document = HtmlDocument(data.html(), font))
             return ReadRtf(WriteRtf(*document));
     }
     return nullptr;

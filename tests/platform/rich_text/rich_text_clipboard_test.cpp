@@ -215,7 +215,7 @@ private Q_SLOTS:
         data.setText(QStringLiteral("plain"));
         data.setHtml(QStringLiteral("<p>html</p>"));
         const auto textOf = [&data] {
-            const auto document = platform::DocumentOfMime(data);
+            const auto document = platform::DocumentOfMime(data, QFont());
             return document ? document->toPlainText() : QString();
         };
         QCOMPARE(textOf(), QStringLiteral("html"));
@@ -276,6 +276,22 @@ private Q_SLOTS:
         QVERIFY(table(box) && table(kept));
         QCOMPARE(table(box)->frameFormat().width(), table(kept)->frameFormat().width());
         QCOMPARE(table(box)->frameFormat().border(), table(kept)->frameFormat().border());
+    }
+
+    void HtmlThatTellsNoFontComesInTheFontOfTheBox() {
+        auto* data = new QMimeData;
+        data->setHtml(QStringLiteral("<p>of <b>sale</b></p><table><tr><td>of land</td></tr></table>"));
+        QGuiApplication::clipboard()->setMimeData(data);
+        RichTextBox box;
+        box.setFont(QFont(QStringLiteral("Times New Roman"), 17));
+        box.paste();
+        box.selectAll();
+        QCOMPARE(box.SelFontName(), QStringLiteral("Times New Roman"));
+        QCOMPARE(box.SelFontSize(), 17.0);
+        box.setSnapshot(box.Snapshot());
+        box.selectAll();
+        QCOMPARE(box.SelFontName(), QStringLiteral("Times New Roman"));
+        QCOMPARE(box.SelFontSize(), 17.0);
     }
 
     void ListsOfHtmlBecomeParagraphsWithMarkers() {
