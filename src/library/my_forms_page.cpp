@@ -13,6 +13,7 @@
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
 
+#include <QFocusEvent>
 #include <QLineEdit>
 
 namespace quillbrook {
@@ -47,10 +48,7 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     connect(btnUpdate, &MyButton::Click, this, &MyFormsPage::UpdateMyForm);
     connect(btnCancelNew, &MyButton::Click, this, &MyFormsPage::CancelNewMyForm);
     connect(btnDelete, &MyButton::Click, this, &MyFormsPage::DeleteMyForm);
-    connect(txtMyTitle, &QLineEdit::editingFinished, this, [this] {
-        if (txtMyTitle->window()->focusWidget() != txtMyTitle) // not only lent to a menu or another window
-            ShowBeginnings();
-    });
+    txtMyTitle->installEventFilter(this);
     connect(txtMyTitle, &QLineEdit::returnPressed, this, [this] { SetFocus(cboMySubCategory); });
     connect(cboMySubCategory->lineEdit(), &QLineEdit::returnPressed, this,
             [this] { SetFocus(m_workbench.txtMyContent()); });
@@ -215,6 +213,17 @@ void MyFormsPage::MyTitleClick() {
 void MyFormsPage::ShowBeginnings() {
     txtMyTitle->setCursorPosition(0);
     cboMySubCategory->lineEdit()->setCursorPosition(0);
+}
+
+// A title that is left shows its beginning, not one whose keyboard is only lent to a menu or another window.
+bool MyFormsPage::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == txtMyTitle && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+            reason != Qt::MenuBarFocusReason)
+            txtMyTitle->setCursorPosition(0);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void MyFormsPage::StartNewMyForm() {

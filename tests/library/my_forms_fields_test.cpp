@@ -2,6 +2,7 @@
 // written in.
 #include "library/my_forms_page.h"
 
+#include "app/menu_tree.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/list_box.h"
@@ -55,17 +56,22 @@ private Q_SLOTS:
 
     // A menu or another window has the keyboard for a moment, and the title is still being written.
     void ATitleBeingWrittenKeepsItsCaret_data() {
-        QTest::addColumn<bool>("menu");
-        QTest::newRow("another window") << false;
-        QTest::newRow("a menu") << true;
+        QTest::addColumn<QString>("borrower");
+        for (const char* borrower : {"another window", "a menu", "the menu bar"})
+            QTest::newRow(borrower) << QString::fromLatin1(borrower);
     }
     void ATitleBeingWrittenKeepsItsCaret() {
-        QFETCH(bool, menu);
+        QFETCH(QString, borrower);
         GoTo(MyFormsMode::Composing);
         QTest::keyClicks(Page().txtMyTitle, u"Deed of "_qs);
         QMenu entries(&Main());
         QWidget window;
-        if (menu) {
+        if (borrower == u"the menu bar") {
+            QTest::keyPress(Main().windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+            QTest::keyRelease(Main().windowHandle(), Qt::Key_Alt);
+            QVERIFY(HasFocus(Main().menuTree->MenuBar()));
+            QTest::keyClick(Main().windowHandle(), Qt::Key_Escape);
+        } else if (borrower == u"a menu") {
             entries.addAction(u"Entry"_qs);
             entries.popup(Main().pos());
             QVERIFY(QTest::qWaitForWindowExposed(&entries));
