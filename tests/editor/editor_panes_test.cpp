@@ -401,12 +401,19 @@ private Q_SLOTS:
     }
 
     void OnPagesWithoutEditingTheCombosDoNothing() {
-        RichTextBox* pane = Go(Tab::EditForm);
-        pane->setText(u"some text"_qs);
-        pane->selectAll();
-        Go(Tab::Search);
-        Bar().cboFontSize->setListIndex(20);
-        QCOMPARE(pane->SelFontSize(), std::optional(12.0));
+        for (RichTextBox* pane : {Main().txtContent(), Main().txtMyContent()}) {
+            pane->setText(u"some text"_qs);
+            pane->selectAll();
+        }
+        const QString reading = Main().txtContent()->TextRTF();
+        const QString mine = Main().txtMyContent()->TextRTF();
+        for (const Tab tab : {Tab::FormsExplorer, Tab::Search, Tab::Favorites, Tab::History}) {
+            Main().SetTab(tab);
+            Bar().cboFonts->setListIndex(int(Bar().cboFonts->Items().indexOf(u"Liberation Sans"_qs)));
+            Bar().cboFontSize->setListIndex(20);
+            QCOMPARE(Main().txtContent()->TextRTF(), reading);
+            QCOMPARE(Main().txtMyContent()->TextRTF(), mine);
+        }
     }
 };
 
