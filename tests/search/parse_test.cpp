@@ -154,6 +154,26 @@ private Q_SLOTS:
             << "\"a\"b c"
             << "Content LIKE '*a*' OR Content LIKE '*b c*'"
             << "a|b c";
+        QTest::newRow("a word written onto a closing quote lengthens the next phrase")
+            << "\"a\"b \"c\" d"
+            << "Content LIKE '*a*' OR Content LIKE '*c\"*' OR Content LIKE '*d*'"
+            << "a|c\"|d";
+        QTest::newRow("a word written onto a closing quote lengthens the next phrase behind a sign")
+            << "\"a\"b +\"c\" d"
+            << "Content LIKE '*a*' AND Content LIKE '*c\"*' OR Content LIKE '*d*'"
+            << "a|c\"|d";
+        QTest::newRow("a single letter stands before a quote as a sign does")
+            << "a\"b c\" d"
+            << "Content LIKE '*b c*' OR Content LIKE '*d*'"
+            << "b c|d";
+        QTest::newRow("a blank too many in front of a phrase passes it over")
+            << "deed  \"a b\" sale"
+            << "Content LIKE '*deed*' OR Content LIKE '*sale*'"
+            << "deed|sale";
+        QTest::newRow("an empty phrase behind a sign goes on to the next quote")
+            << "+\"\" x\" y"
+            << "Content LIKE '*\" x*' OR Content LIKE '*y*'"
+            << "\" x|y";
         QTest::newRow("an apostrophe") << "lessee's"
                                        << "Content LIKE '*lessee's*'"
                                        << "lessee's";

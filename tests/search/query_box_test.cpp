@@ -175,6 +175,23 @@ private Q_SLOTS:
         QCOMPARE(page.Shown(), QStringLiteral("deed sale|"));
     }
 
+    void AKeyThatTypesNothingPartsAnOperator() {
+        Page page;
+        page.Type(QStringLiteral("floor<"));
+        QTest::keyClick(page.cboQuery, Qt::Key_Shift);
+        page.Type(QStringLiteral(" "));
+        QCOMPARE(page.Shown(),
+                 QStringLiteral("floo |r")); // not at the end, where an operator brings the caret
+    }
+
+    void TheCleanUpRunsOnceAMillisecondAfterTheKey() {
+        Page page;
+        QCOMPARE(page.box.tmrUpdateSearchGuide->interval(), 1);
+        QVERIFY(!page.box.tmrUpdateSearchGuide->isActive());
+        page.Type(QStringLiteral("d"));
+        QVERIFY(!page.box.tmrUpdateSearchGuide->isActive());
+    }
+
     void AcceptedCharactersAreTold() {
         Page page;
         QTest::keyClick(page.cboQuery, '"');
@@ -227,6 +244,23 @@ private Q_SLOTS:
         QCOMPARE(page.Guide(), QStringLiteral("DEED + DEED + "));
     }
 
+    // A keyboard sends a control character with the letter, which is none that may be typed.
+    void PastingByKeyIsNoTyping() {
+        Page page;
+        page.Type(QStringLiteral("deed"));
+        page.cboQuery->lineEdit()->selectAll();
+        page.cboQuery->lineEdit()->copy();
+        page.accepted.clear();
+        QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, QStringLiteral("\x16"));
+        page.cboQuery->lineEdit()->end(false);
+        QCoreApplication::sendEvent(page.cboQuery, &paste);
+        QVERIFY(page.box.tmrUpdateSearchGuide->isActive());
+        page.Settle();
+        QCOMPARE(page.Shown(), QStringLiteral("deeddeed|"));
+        QCOMPARE(page.Guide(), QStringLiteral("DEEDDEED"));
+        QCOMPARE(page.accepted.count(), 0);
+    }
+
     void ABlankFirstStaysUntilTheKeyComesUp() {
         Page page;
         page.Type(QStringLiteral("deed<<<<"));
@@ -237,6 +271,15 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(page.cboQuery, &repeat);
         QCOMPARE(page.cboQuery->Text(), QStringLiteral(" deed"));
         QTest::keyRelease(page.cboQuery, Qt::Key_Space);
+        QCOMPARE(page.cboQuery->Text(), QString());
+    }
+
+    void AnyKeyComingUpEmptiesAQueryThatBeginsWithABlank() {
+        Page page;
+        page.Paste(QStringLiteral(" deed"));
+        QTest::keyPress(page.cboQuery, Qt::Key_Left);
+        QCOMPARE(page.cboQuery->Text(), QStringLiteral(" deed"));
+        QTest::keyRelease(page.cboQuery, Qt::Key_Left);
         QCOMPARE(page.cboQuery->Text(), QString());
     }
 
@@ -260,6 +303,11 @@ private Q_SLOTS:
         page.cboQuery->setListIndex(0);
         QVERIFY(!page.box.tmrUpdateSearchGuide->isActive());
         QCOMPARE(page.cboQuery->Text(), QStringLiteral("deed and sale"));
+        page.cboQuery->setText(QStringLiteral("lease"));
+        QTest::keyClick(page.cboQuery, Qt::Key_Down);
+        QVERIFY(!page.box.tmrUpdateSearchGuide->isActive());
+        QCOMPARE(page.cboQuery->Text(), QStringLiteral("deed and sale"));
+        QVERIFY(page.Guide().isEmpty());
         page.box.UpdateSearchGuide();
         QCOMPARE(page.cboQuery->Text(), QStringLiteral("deed sale"));
     }

@@ -8,6 +8,7 @@
 #include "platform/controls/geometry.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
+#include "search/result_blink.h"
 #include "tests/support/test_window.h"
 
 #include <QtTest>
@@ -78,6 +79,26 @@ private Q_SLOTS:
             QVERIFY(button->isVisible());
         // hidden they are kept equal all the same
         QVERIFY(page.twinButtons[1]->isChecked());
+    }
+
+    void EachSearchSetsTheCaptionBlinking_data() {
+        QTest::addColumn<QString>("query");
+        QTest::newRow("something found") << u"the"_qs;
+        QTest::newRow("nothing found") << u"mortgage"_qs;
+        QTest::newRow("nothing entered") << QString();
+    }
+    void EachSearchSetsTheCaptionBlinking() {
+        QFETCH(QString, query);
+        TestWindow window;
+        QVERIFY(window.Show());
+        window->SetTab(Tab::Search);
+        const SearchPage& page = *window->searchPage;
+        page.resultBlink->Timer1->stop();
+        page.resultBlink->Timer2->stop();
+        page.cboQuery->setText(query);
+        page.cmdSearch->click();
+        QVERIFY(page.resultBlink->Timer1->isActive());
+        QVERIFY(page.resultBlink->Timer2->isActive());
     }
 
     void AWindowWithoutFormsKeepsTheCaptionItWasMadeWith() {

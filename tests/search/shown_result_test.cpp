@@ -148,6 +148,16 @@ private Q_SLOTS:
         QCOMPARE(Page().fmeSearchResult->Caption(), u"2 Forms Found!"_qs);
     }
 
+    void BehindAShownFormARefusedStatementFindsItsTitle() {
+        Search(u"the"_qs);
+        const int row = int(Page().lstSearch->Items().indexOf(u"Labor Complaint"_qs));
+        QVERIFY(row > 0);
+        TestWindow::ClickEntry(Page().lstSearch, row);
+        Search(u"heir's"_qs);
+        QCOMPARE(Page().lstSearch->Items(), QStringList(u"Labor Complaint"_qs));
+        QCOMPARE(Page().fmeSearchResult->Caption(), u"1 Form Found!"_qs);
+    }
+
     void WithoutAnEarlierResultARefusedStatementFindsNothing() {
         m_window = std::make_unique<TestWindow>(
             std::vector<TestForm>{{u"Heir's"_qs, u"Sales"_qs, u"Land"_qs, u"the heir's land"_qs}});
