@@ -21,6 +21,7 @@ struct PublicVariables {
 
     // The word processor of the command that is running; null between two commands.
     std::unique_ptr<platform::WordApplication> WordApp;
+    bool WordInUse = false; // such a command runs, from its first step to its last
 
     QString CurrentSearchWord; // what is looked for: a hit's term, or the marker that a clause is to replace
 };

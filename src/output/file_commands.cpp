@@ -7,6 +7,7 @@
 #include "output/file_names.h"
 #include "output/save_dialog.h"
 #include "output/save_errors.h"
+#include "output/word_turn.h"
 #include "platform/controls/focus.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -151,6 +152,9 @@ bool FileCommands::TellSaveError(int number) {
 }
 
 void FileCommands::Open() {
+    const WordTurn turn(m_variables);
+    if (!turn.IsOurs())
+        return;
     m_dialog.title = QStringLiteral("Open");
     m_dialog.filter = QStringLiteral("Supported Types (*.doc *.rtf *.txt)");
     m_dialog.asksBeforeOverwriting = false;

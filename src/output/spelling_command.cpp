@@ -25,6 +25,9 @@ SpellingCommand::SpellingCommand(platform::MyButton& btnSpellCheck, Workbench& w
 }
 
 void SpellingCommand::CheckSpelling() {
+    const WordTurn turn = m_transfer.Turn();
+    if (!turn.IsOurs())
+        return;
     m_btnSpellCheck.setEnabled(false);
     m_pointer.Hourglass();
     m_workbench.SetCaption(QStringLiteral("Opening Spelling & Grammar Checker..."));

@@ -33,6 +33,9 @@ WordCommands::WordCommands(platform::MyButton& btnEditMSWord, platform::MyButton
 }
 
 void WordCommands::ExportPane() {
+    const WordTurn turn = m_transfer.Turn();
+    if (!turn.IsOurs())
+        return;
     m_pointer.Hourglass();
     m_workbench.SetCaption(QStringLiteral("Exporting Form to MS Word\u00AE..."));
     if (!m_transfer.CreateObject()) {
@@ -54,6 +57,9 @@ void WordCommands::ExportPane() {
 }
 
 bool WordCommands::PrintPane() {
+    const WordTurn turn = m_transfer.Turn();
+    if (!turn.IsOurs())
+        return true;
     m_btnPrint.setEnabled(false);
     m_pointer.Hourglass();
     m_workbench.SetCaption(QStringLiteral("Opening Print Options..."));
@@ -76,6 +82,9 @@ bool WordCommands::PrintPane() {
 }
 
 bool WordCommands::PreviewPane() {
+    const WordTurn turn = m_transfer.Turn();
+    if (!turn.IsOurs())
+        return true;
     m_pointer.Hourglass();
     m_workbench.SetCaption(QStringLiteral("Opening Print Preview..."));
     m_transfer.PutPaneOnClipboard();
@@ -100,6 +109,9 @@ bool WordCommands::PreviewPane() {
 }
 
 void WordCommands::SaveAsMSDoc() {
+    const WordTurn turn = m_transfer.Turn();
+    if (!turn.IsOurs())
+        return;
     while (SaveOnce() == Next::FromTheStart) {
     }
 }

@@ -14,7 +14,8 @@ namespace quillbrook {
 
 struct WindowState;
 
-// The commands that send the active pane to the word processor. Each waits until the word processor is done.
+// The commands that send the active pane to the word processor. Each waits until the word processor is done,
+// and does nothing while another command uses it.
 class WordCommands final : public QObject {
     Q_OBJECT
 

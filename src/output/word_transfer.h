@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/word_turn.h"
+
 #include <QString>
 
 namespace platform {
@@ -11,14 +13,16 @@ namespace quillbrook {
 
 class PaperCommands;
 class Workbench;
-struct PublicVariables;
 
-// What all commands that use the word processor do with it: start it, hand it the active pane and the page of
-// the page setup, and end it. Steps that it refuses are passed over, and the next one runs.
+// What the commands that send the active pane to the word processor do with it: start it, hand it the pane
+// and the page of the page setup, and end it. Steps that it refuses are passed over, and the next one runs.
 class WordTransfer {
 public:
     WordTransfer(Workbench& workbench, PaperCommands& paper, PublicVariables& variables,
                  platform::Services& services);
+
+    // To be held by each command from its first step to its last.
+    WordTurn Turn() { return WordTurn(m_variables); }
 
     // Makes WordApp a new instance. When that fails it is null.
     bool CreateObject();

@@ -2,8 +2,10 @@
 #include "output/word_commands.h"
 
 #include "app/left_toolbar.h"
+#include "output/file_commands.h"
 #include "output/page_setup.h"
 #include "output/print_commands.h"
+#include "output/spelling_command.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/word/word_clipboard.h"
@@ -22,6 +24,18 @@ namespace {
 QString Member(const QString& call) {
     static const QRegularExpression argument(u"( =)? [^ ].*$"_qs);
     return QString(call).remove(argument);
+}
+
+// Chooses all commands of the word processor as assistive technology and a menu bar of the desktop's do it:
+// without keys and clicks.
+void ChooseAll(WordDesk& desk) {
+    const LeftToolbar& bar = *desk.window->leftToolbar;
+    for (QWidget* button : {bar.btnEditMSWord, bar.btnPrint, bar.btnSpellCheck})
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    for (const char* entry :
+         {"mnuPrint", "mnuPrintPreview", "mnuPrintPreviewDrop", "mnuSaveAsDocFile", "mnuOpen"})
+        desk.Choose(entry);
 }
 
 } // namespace
@@ -168,9 +182,12 @@ private Q_SLOTS:
         desk.Word().previewReads = 25;
         desk.Choose("mnuPrintPreview");
         QCOMPARE(desk.Word().calls.count(u"PrintPreview?"_qs), 26);
+        QVERIFY(desk.At(u"Visible = True"_qs).hourglass);
         QVERIFY(!desk.At(u"Windows.Application.Activate"_qs).hourglass);
         QVERIFY(!desk.At(u"PrintPreview?"_qs).hourglass);
+        QVERIFY(!desk.At(u"Visible = False"_qs).hourglass);
         QCOMPARE(desk.At(u"PrintPreview?"_qs).caption, u"Opening Print Preview..."_qs);
+        QCOMPARE(desk.At(u"Release"_qs).caption, u"Opening Print Preview..."_qs);
         QVERIFY(desk.At(u"ActiveDocument.Close 0"_qs).hourglass);
         QCOMPARE(QApplication::focusWidget(), desk.window->txtContent());
         QVERIFY(desk.IsAtRest());
@@ -346,6 +363,48 @@ private Q_SLOTS:
         desk.window->leftToolbar->btnSave->setFocus();
         Row(row).run(desk);
         QCOMPARE(QApplication::focusWidget(), desk.window->txtMyContent());
+    }
+
+    void ACommandChosenWhileAnotherRunsDoesNothing_data() {
+        CommandRows();
+        QTest::newRow("check") << -1;
+        QTest::newRow("open") << -2;
+    }
+    void ACommandChosenWhileAnotherRunsDoesNothing() {
+        QFETCH(int, row);
+        const auto run = [row](WordDesk& desk) {
+            if (row >= 0) {
+                Row(row).run(desk);
+            } else if (row == -1) {
+                desk.window->spellingCommand->CheckSpelling();
+            } else {
+                desk.Answer(u"/forms/deed.doc"_qs);
+                desk.window->fileCommands->Open();
+            }
+        };
+        WordDesk alone;
+        run(alone);
+        WordDesk desk;
+        bool choosing = false;
+        desk.Word().onCall = [&](const QString&) {
+            if (choosing)
+                return;
+            choosing = true;
+            ChooseAll(desk);
+            choosing = false;
+        };
+        run(desk);
+        QCOMPARE(desk.Word().calls, alone.Word().calls);
+        QCOMPARE(desk.Messages().size(), alone.Messages().size());
+        QCOMPARE(desk.window.services.commonDialog.filesShown.size(),
+                 alone.window.services.commonDialog.filesShown.size());
+        QCOMPARE(desk.window->windowTitle(), alone.window->windowTitle());
+        QVERIFY(!HourglassShows());
+        // and the next one has its turn
+        desk.Word().onCall = nullptr;
+        desk.Word().calls.clear();
+        desk.Commands().ExportPane();
+        QCOMPARE(desk.Word().calls, Row(0).calls);
     }
 
     void ASecondCommandWorksRightAfterTheFirst() {

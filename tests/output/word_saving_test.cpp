@@ -97,6 +97,10 @@ private Q_SLOTS:
         QCOMPARE(told.icon, MessageIcon::Information);
         QCOMPARE(told.buttons, MessageButtons::Ok);
         QCOMPARE(told.title, u"Quillbrook PRO"_qs);
+        for (const QString& call : kEnd) {
+            QCOMPARE(desk.At(call).caption, u"Saving Form as deed.doc"_qs);
+            QVERIFY(desk.At(call).hourglass);
+        }
         QVERIFY(desk.State().DocumentSaved);
         QVERIFY(!desk.window->Menu(u"mnuSave"_qs)->isEnabled());
         QCOMPARE(desk.State().CurrentFilePath, u"/forms/deed.doc"_qs);
