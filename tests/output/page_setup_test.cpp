@@ -478,14 +478,17 @@ private Q_SLOTS:
     void NoPaneChangesWithThePaper() {
         Desk desk;
         QVERIFY(desk.window.Show());
-        const auto* pane = desk.window->txtContent();
-        const QRect place = pane->geometry();
-        const QString source = desk.window->txtContent()->TextRTF();
+        const auto seen = [&desk] {
+            QVariantList all;
+            for (const auto* pane : {desk.window->txtContent(), desk.window->txtMyContent()})
+                all << pane->geometry() << pane->TextRTF() << pane->document()->size();
+            return all;
+        };
+        const QVariantList before = seen();
         desk.Choose("mnuA4Size");
         desk.ConfirmCustom(u"3"_qs, u"4"_qs);
         desk.Type("txtLeft", u"2"_qs);
-        QCOMPARE(pane->geometry(), place);
-        QCOMPARE(desk.window->txtContent()->TextRTF(), source);
+        QCOMPARE(seen(), before);
         QVERIFY(desk.window->State().DocumentSaved);
     }
 
