@@ -135,6 +135,14 @@ private Q_SLOTS:
         QCOMPARE(*m_store->MyFormsField(QStringLiteral("Content")), QStringLiteral("text"));
     }
 
+    void AnUpdateLeavesTheRowAmongTheUsersOwnForms() {
+        m_store->FindMyFormByTitle(QStringLiteral("Special Power"));
+        QVERIFY(m_store->UpdateMyForm(QStringLiteral("My Power"), QStringLiteral("Powers"),
+                                      QStringLiteral("text")));
+        QVERIFY(m_store->FindMyFormByTitle(QStringLiteral("My Power")));
+        QCOMPARE(*m_store->MyFormsField(QStringLiteral("Category")), QStringLiteral("My Forms"));
+    }
+
     void AfterADeletionThereIsNoCurrentRow() {
         m_store->FindMyFormByTitle(QStringLiteral("Special Power"));
         QVERIFY(m_store->DeleteMyForm());

@@ -74,6 +74,10 @@ private Q_SLOTS:
         Page().AddtoMyForms();
         Verify(MyFormsMode::Browsing);
         QCOMPARE(Page().lstMyTitle->Items(), QStringList(u"A Motion"_qs));
+        // a form that is added asks nothing and overwrites none
+        const bool added = mode == MyFormsMode::Composing;
+        QCOMPARE(Box().shown.size(), size_t(added ? 0 : 1));
+        QCOMPARE(Main().Store().FindMyFormByTitle(u"Annual Report"_qs), added);
         QVERIFY(!Main().State().DocumentSaved);
     }
 };

@@ -260,6 +260,16 @@ private Q_SLOTS:
         const QSignalSpy clicks(&list, &ListBox::Click);
         QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, {20, 3 * row + 3});
         QCOMPARE(clicks.size(), 0);
+        // nor is the mouse over it told as over an entry
+        QSignalSpy moves(&list, &ListBox::MouseMove);
+        for (const int y : {3 * row - 3, 3 * row + 3}) {
+            QMouseEvent move(QEvent::MouseMove, QPointF(20, y), list.viewport()->mapToGlobal(QPointF(20, y)),
+                             Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+            QApplication::sendEvent(list.viewport(), &move);
+        }
+        QCOMPARE(moves.size(), 2);
+        QCOMPARE(moves[0][1].toInt(), 2);
+        QCOMPARE(moves[1][1].toInt(), -1);
     }
 
     void ADoubleClickIsToldBesideTheClicks() {
