@@ -46,6 +46,8 @@ private Q_SLOTS:
                                        << "\"\"";
         QTest::newRow("a run of thirty")
             << all << QStringLiteral("deed%1sale").arg(QString(30, u' ')) << "DEED + SALE";
+        QTest::newRow("a run that is one blank only when tens go first")
+            << all << QStringLiteral("deed%1sale").arg(QString(209, u' ')) << "DEED + SALE";
     }
     void TheGuideShowsHowAQueryIsRead() {
         QFETCH(SearchMode, mode);

@@ -33,6 +33,10 @@ private Q_SLOTS:
                              << "deed sale";
         QTest::newRow("any, runs of blanks") << any << "deed      sale"
                                              << "deed sale";
+        QTest::newRow("any, a run that is one blank only when sixes go first")
+            << any << QStringLiteral("deed%1sale").arg(QString(39, u' ')) << "deed sale";
+        QTest::newRow("any, a run of which the passes, run once each, leave two")
+            << any << QStringLiteral("deed%1sale").arg(QString(209, u' ')) << "deed  sale";
         QTest::newRow("any, a minus sign") << any << "deed -sale"
                                            << "deed -sale";
         QTest::newRow("phrase") << phrase << "deed of sale"

@@ -235,6 +235,9 @@ private Q_SLOTS:
         QTest::newRow("typed in the middle") << all << "deed and  sale"
                                              << "and "
                                              << "deed  sale" << true << "";
+        QTest::newRow("NOT typed in the middle") << any << "deed not  sale"
+                                                 << "not "
+                                                 << "deed  sale" << true << "";
         QTest::newRow("a word that ends like one") << all << "floor "
                                                    << "loor "
                                                    << "floor " << true << "";
