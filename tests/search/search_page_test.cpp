@@ -101,6 +101,22 @@ private Q_SLOTS:
         QVERIFY(page.resultBlink->Timer2->isActive());
     }
 
+    void AListThatIsHiddenKeepsItsHeight() {
+        std::vector<TestForm> forms = SomeForms();
+        for (int i = 0; i < 4; ++i)
+            forms.push_back({u"Deed %1"_qs.arg(i), u"Sales"_qs, u"Land"_qs, u"quitclaim"_qs});
+        TestWindow window(forms);
+        QVERIFY(window.Show());
+        window->SetTab(Tab::Search);
+        const SearchPage& page = *window->searchPage;
+        for (const QString& query : {u"quitclaim"_qs, u"mortgage"_qs, QString()}) {
+            page.cboQuery->setText(query);
+            page.cmdSearch->click();
+            QCOMPARE(page.lstSearch->isVisible(), query == u"quitclaim"_qs);
+            QCOMPARE(platform::Height(page.lstSearch), 1020);
+        }
+    }
+
     void AWindowWithoutFormsKeepsTheCaptionItWasMadeWith() {
         TestWindow window(std::vector<TestForm>{});
         QCOMPARE(window->searchPage->fmeSearchResult->Caption(), u"Search Result:"_qs);
