@@ -251,17 +251,11 @@ void ListBox::timerEvent(QTimerEvent* event) {
 }
 
 // A button or a shortcut that comes before the pause is over works on the entry typed, as it is seen
-// selected.
+// selected. A key that does nothing here must not: it would go on to what gets the focus.
 bool ListBox::eventFilter(QObject* watched, QEvent* event) {
-    bool acts = false;
-    if (event->type() == QEvent::MouseButtonPress) {
-        acts = watched->isWidgetType() && watched != viewport();
-    } else if (event->type() == QEvent::ShortcutOverride && watched == this) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        acts = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) ||
-               (key->key() >= Qt::Key_F1 && key->key() <= Qt::Key_F35);
-    }
-    if (acts)
+    const bool isPress =
+        event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != viewport();
+    if (isPress || event->type() == QEvent::Shortcut)
         ChooseTyped();
     return QListView::eventFilter(watched, event);
 }

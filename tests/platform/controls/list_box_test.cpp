@@ -205,6 +205,26 @@ private Q_SLOTS:
         QCOMPARE(told.size(), 2); // once only
     }
 
+    void AKeyWithoutAUseHereGoesNowhereElse() {
+        QWidget window;
+        QVBoxLayout column(&window);
+        ListBox list(true);
+        QLineEdit form;
+        column.addWidget(&list);
+        column.addWidget(&form);
+        list.AddItems({u"Deed"_qs, u"Motions"_qs});
+        connect(&list, &ListBox::Click, &form, [&form] { form.setFocus(); });
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        list.setFocus();
+        QGuiApplication::clipboard()->setText(u"pasted"_qs);
+        QTest::keyClick(window.windowHandle(), Qt::Key_M);
+        QTest::keyClick(window.windowHandle(), Qt::Key_V, Qt::ControlModifier);
+        QTRY_VERIFY(form.hasFocus());
+        QCOMPARE(list.Text(), u"Motions"_qs);
+        QCOMPARE(form.text(), QString());
+    }
+
     void EnterChoosesTheSelectedEntryAgain() {
         ListBox list(true);
         list.AddItems({u"Deed"_qs, u"Motions"_qs});
