@@ -15,11 +15,6 @@ namespace {
 constexpr auto kPollPause = std::chrono::milliseconds(50);
 constexpr auto kPreviewPause = std::chrono::milliseconds(100);
 
-// Large documents take their time, four seconds for each million bytes are plenty.
-std::chrono::milliseconds PatienceFor(qint64 bytes) {
-    return kOfficePatience + std::chrono::milliseconds(bytes / 250);
-}
-
 } // namespace
 
 int WordSaveErrorFor(SaveError error, const QString& path) {
@@ -57,12 +52,17 @@ OfficeWordApplication::~OfficeWordApplication() {
     if (!m_instance || !m_instance->IsAlive())
         return;
     if (m_visible) {
-        Does([](WriterSession& session) { return session.LeaveDocument(); }, PatienceFor(m_documentBytes));
+        Does([](WriterSession& session) { return session.LeaveDocument(); });
         if (m_instance->IsAlive())
             m_instance->HandOver();
     } else {
         m_keep(std::move(m_instance));
     }
+}
+
+// Any call may have to wait until it is laid out. Four seconds for each million bytes are plenty.
+std::chrono::milliseconds OfficeWordApplication::Patience() const {
+    return kOfficePatience + std::chrono::milliseconds(m_documentBytes / 250);
 }
 
 bool OfficeWordApplication::SetVisible(bool visible) {
@@ -83,8 +83,7 @@ bool OfficeWordApplication::DocumentsAdd() {
 
 bool OfficeWordApplication::DocumentsOpen(const QString& path) {
     m_documentBytes = QFileInfo(path).size();
-    return Does([path](WriterSession& session) { return session.OpenDocument(path); },
-                PatienceFor(m_documentBytes));
+    return Does([path](WriterSession& session) { return session.OpenDocument(path); });
 }
 
 // Writer is handed what is on the clipboard: were it to ask for it, it would wait for us while we wait for
@@ -94,8 +93,7 @@ bool OfficeWordApplication::SelectionPaste() {
     if (richText.isEmpty())
         return false;
     m_documentBytes += richText.size();
-    return Does([richText](WriterSession& session) { return session.Paste(richText); },
-                PatienceFor(m_documentBytes));
+    return Does([richText](WriterSession& session) { return session.Paste(richText); });
 }
 
 bool OfficeWordApplication::SelectionWholeStory() {
@@ -104,8 +102,7 @@ bool OfficeWordApplication::SelectionWholeStory() {
 
 bool OfficeWordApplication::SelectionFontColor(int color) {
     return color == wdColorAutomatic &&
-           Does([](WriterSession& session) { return session.SetFontColorAutomatic(); },
-                PatienceFor(m_documentBytes));
+           Does([](WriterSession& session) { return session.SetFontColorAutomatic(); });
 }
 
 bool OfficeWordApplication::SelectionHomeKey(int unit) {
@@ -115,8 +112,8 @@ bool OfficeWordApplication::SelectionHomeKey(int unit) {
 bool OfficeWordApplication::SelectionCopy() {
     if (!m_instance)
         return false;
-    const auto copied = m_instance->Call([](WriterSession& session) { return session.SelectedRichText(); },
-                                         PatienceFor(m_documentBytes));
+    const auto copied =
+        m_instance->Call([](WriterSession& session) { return session.SelectedRichText(); }, Patience());
     if (!copied || !*copied)
         return false;
     SetClipboardRTF(**copied);
@@ -124,8 +121,7 @@ bool OfficeWordApplication::SelectionCopy() {
 }
 
 bool OfficeWordApplication::SelectionCut() {
-    return SelectionCopy() && Does([](WriterSession& session) { return session.DeleteSelection(); },
-                                   PatienceFor(m_documentBytes));
+    return SelectionCopy() && Does([](WriterSession& session) { return session.DeleteSelection(); });
 }
 
 std::optional<float> OfficeWordApplication::InchesToPoints(float inches) {
@@ -135,8 +131,7 @@ std::optional<float> OfficeWordApplication::InchesToPoints(float inches) {
 }
 
 bool OfficeWordApplication::SetPageSetup(PageLength length, float points) {
-    return Does([length, points](WriterSession& session) { return session.SetPageLength(length, points); },
-                PatienceFor(m_documentBytes));
+    return Does([length, points](WriterSession& session) { return session.SetPageLength(length, points); });
 }
 
 bool OfficeWordApplication::WindowsApplicationActivate() {
@@ -159,7 +154,7 @@ bool OfficeWordApplication::ShowDialog(int dialog) {
 }
 
 bool OfficeWordApplication::ActiveDocumentPrintPreview() {
-    return Does([](WriterSession& session) { return session.StartPreview(); }, PatienceFor(m_documentBytes));
+    return Does([](WriterSession& session) { return session.StartPreview(); });
 }
 
 bool OfficeWordApplication::SetPageFit(int fit) {
@@ -200,8 +195,8 @@ int OfficeWordApplication::ActiveDocumentSaveAs(const QString& path) {
     constexpr int kNotWritten = 1;
     if (!m_instance)
         return kWordServerGone;
-    const auto file = m_instance->Call([](WriterSession& session) { return session.DocumentFile(); },
-                                       PatienceFor(m_documentBytes));
+    const auto file =
+        m_instance->Call([](WriterSession& session) { return session.DocumentFile(); }, Patience());
     if (!file)
         return kWordServerGone;
     return *file ? WordSaveErrorFor(WriteFileWhole(path, **file), path) : kNotWritten;

@@ -50,8 +50,14 @@ public:
     bool Quit(std::optional<int> saveChanges) override;
 
 private:
+    // Large documents take their time.
+    std::chrono::milliseconds Patience() const;
     template <typename Work>
-    bool Does(Work work, std::chrono::milliseconds patience = kOfficePatience) {
+    bool Does(Work work) {
+        return Does(work, Patience());
+    }
+    template <typename Work>
+    bool Does(Work work, std::chrono::milliseconds patience) {
         return m_instance && m_instance->Call(work, patience).value_or(false);
     }
 

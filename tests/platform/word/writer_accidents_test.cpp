@@ -4,6 +4,7 @@
 #include "output/spelling_command.h"
 #include "output/word_commands.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "platform/word/word_clipboard.h"
 #include "tests/support/writer_desk.h"
 
 #include <QtTest>
@@ -148,6 +149,31 @@ private Q_SLOTS:
         QTest::newRow("check") << u"check"_qs << u"CheckGrammar"_qs;
     }
     void OneThatHangsIsEndedWithinTenSeconds() { AnAccidentEndsTheCommand(SIGSTOP, 10'000); }
+
+    // Whichever call comes first waits until the document is laid out.
+    void OneThatIsBusyWithALargeDocumentIsWaitedForLonger_data() {
+        QTest::addColumn<QString>("call");
+        for (const char* call : {"WholeStory", "HomeKey", "Close"})
+            QTest::newRow(call) << QString::fromLatin1(call);
+    }
+    void OneThatIsBusyWithALargeDocumentIsWaitedForLonger() {
+        QFETCH(QString, call);
+        Accident accident(*m_writer, call, [this] {
+            m_writer->Signal(SIGSTOP);
+            QTimer::singleShot(10'000, this, [this] { m_writer->Signal(SIGCONT); });
+        });
+        const auto word = accident.CreateWordApplication(nullptr);
+        QVERIFY(word);
+        QVERIFY(word->DocumentsAdd());
+        platform::SetClipboardRTF("{\\rtf1{\\*\\unknown " + QByteArray(2'000'000, 'x') + "}A deed\\par}");
+        QVERIFY(word->SelectionPaste());
+        QVERIFY(word->SelectionWholeStory());
+        QVERIFY(word->SelectionHomeKey(platform::wdStory));
+        QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
+        QVERIFY(word->Quit(platform::wdDoNotSaveChanges));
+        QVERIFY(accident.Happened());
+        QVERIFY(m_writer->HasNoProcesses());
+    }
 
     void OneThatHangsWhileItStartsIsEndedWithinTenSeconds_data() {
         QTest::addColumn<int>("milliseconds"); // after its start
