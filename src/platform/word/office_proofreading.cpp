@@ -31,16 +31,18 @@ std::vector<Sentence> SentencesOf(const QString& paragraph) {
 
 } // namespace
 
-OfficeProofreading::OfficeProofreading(OfficeInstance& instance, WordList& words, bool checksGrammar)
+OfficeProofreading::OfficeProofreading(OfficeInstance& instance, WordList& words, bool checksGrammar,
+                                       std::chrono::milliseconds patience)
     : m_instance(instance)
     , m_words(words)
-    , m_checksGrammar(checksGrammar) {
+    , m_checksGrammar(checksGrammar)
+    , m_patience(patience) {
     for (;;) {
         const auto next = m_instance.Call(
             [isFirst = m_paragraphs.isEmpty()](WriterSession& session) {
                 return session.NextParagraphs(isFirst, kParagraphsAtOnce);
             },
-            kOfficePatience, kInput);
+            m_patience, kInput);
         const QStringList paragraphs = next.value_or(std::nullopt).value_or(QStringList());
         m_paragraphs += paragraphs;
         if (paragraphs.size() < kParagraphsAtOnce)
@@ -53,7 +55,7 @@ bool OfficeProofreading::Replace(int index, int start, int length, const QString
     const bool replaced =
         m_instance
             .Call([=](WriterSession& session) { return session.ReplaceInParagraph(index, start, old, text); },
-                  kOfficePatience, kInput)
+                  m_patience, kInput)
             .value_or(false);
     if (replaced)
         m_paragraphs[index].replace(start, length, text);
@@ -66,7 +68,7 @@ QStringList OfficeProofreading::Misspelt(const QStringList& words) {
     for (int first = 0; first < unknown.size(); first += kWordsAtOnce) {
         const auto found = m_instance.Call([some = unknown.mid(first, kWordsAtOnce)](
                                                WriterSession& session) { return session.Misspelt(some); },
-                                           kOfficePatience, kInput);
+                                           m_patience, kInput);
         wrong += found.value_or(std::nullopt).value_or(QStringList());
     }
     return wrong;
@@ -74,7 +76,7 @@ QStringList OfficeProofreading::Misspelt(const QStringList& words) {
 
 QStringList OfficeProofreading::Suggestions(const QString& word) {
     const auto found = m_instance.Call([word](WriterSession& session) { return session.Suggestions(word); },
-                                       kOfficePatience, kInput);
+                                       m_patience, kInput);
     return found.value_or(std::nullopt).value_or(QStringList());
 }
 
@@ -84,8 +86,8 @@ std::vector<Finding> OfficeProofreading::CheckGrammar(const QString& paragraph) 
     std::vector<Finding> all;
     for (const Sentence& sentence : SentencesOf(paragraph)) {
         const auto found = m_instance.Call(
-            [text = sentence.text](WriterSession& session) { return session.CheckGrammar(text); },
-            kOfficePatience, kInput);
+            [text = sentence.text](WriterSession& session) { return session.CheckGrammar(text); }, m_patience,
+            kInput);
         for (Finding finding : found.value_or(std::nullopt).value_or(std::vector<Finding>())) {
             finding.start += sentence.start;
             all.push_back(finding);

@@ -10,7 +10,9 @@ namespace platform {
 // words of a list. Once the instance has ended, nothing is found and nothing is changed.
 class OfficeProofreading final : public ProofreadDocument, public ProofreadingEngine {
 public:
-    OfficeProofreading(OfficeInstance& instance, WordList& words, bool checksGrammar);
+    // `patience` is what each call of the instance has; the first ones wait until the document is laid out.
+    OfficeProofreading(OfficeInstance& instance, WordList& words, bool checksGrammar,
+                       std::chrono::milliseconds patience);
 
     int ParagraphCount() override { return int(m_paragraphs.size()); }
     QString Paragraph(int index) override { return m_paragraphs.value(index); }
@@ -26,6 +28,7 @@ private:
     OfficeInstance& m_instance;
     WordList& m_words;
     bool m_checksGrammar;
+    std::chrono::milliseconds m_patience;
     QStringList m_paragraphs; // as they stand in the document
 };
 

@@ -61,8 +61,8 @@ OfficeWordApplication::~OfficeWordApplication() {
 }
 
 // Any call may have to wait until it is laid out. Four seconds for each million bytes are plenty.
-std::chrono::milliseconds OfficeWordApplication::Patience() const {
-    return kOfficePatience + std::chrono::milliseconds(m_documentBytes / 250);
+std::chrono::milliseconds OfficeWordApplication::Patience(std::chrono::milliseconds least) const {
+    return least + std::chrono::milliseconds(m_documentBytes / 250);
 }
 
 bool OfficeWordApplication::SetVisible(bool visible) {
@@ -147,7 +147,7 @@ bool OfficeWordApplication::ShowDialog(int dialog) {
                 std::this_thread::sleep_for(kPollPause);
                 return session.PrintingProgress();
             },
-            kUserPatience);
+            Patience(kUserPatience));
         if (progress != PrintProgress::Busy)
             return progress == PrintProgress::Done;
     }
@@ -169,7 +169,7 @@ bool OfficeWordApplication::PrintPreview() {
             std::this_thread::sleep_for(kPreviewPause);
             return true;
         },
-        kUserPatience);
+        Patience(kUserPatience));
 }
 
 bool OfficeWordApplication::SetCheckGrammarWithSpelling(bool check) {
@@ -181,7 +181,7 @@ bool OfficeWordApplication::SetCheckGrammarWithSpelling(bool check) {
 bool OfficeWordApplication::ActiveDocumentCheckGrammar() {
     if (!m_instance || !m_instance->IsAlive())
         return false;
-    OfficeProofreading proofreading(*m_instance, m_words, m_checksGrammar);
+    OfficeProofreading proofreading(*m_instance, m_words, m_checksGrammar, Patience());
     ProofreadingDialog dialog(m_window);
     Proofread(proofreading, proofreading, dialog);
     return m_instance->IsAlive();

@@ -51,7 +51,7 @@ public:
 
 private:
     // Large documents take their time.
-    std::chrono::milliseconds Patience() const;
+    std::chrono::milliseconds Patience(std::chrono::milliseconds least = kOfficePatience) const;
     template <typename Work>
     bool Does(Work work) {
         return Does(work, Patience());

@@ -153,7 +153,7 @@ private Q_SLOTS:
     // Whichever call comes first waits until the document is laid out.
     void OneThatIsBusyWithALargeDocumentIsWaitedForLonger_data() {
         QTest::addColumn<QString>("call");
-        for (const char* call : {"WholeStory", "HomeKey", "Close"})
+        for (const char* call : {"WholeStory", "HomeKey", "CheckGrammar", "Close"})
             QTest::newRow(call) << QString::fromLatin1(call);
     }
     void OneThatIsBusyWithALargeDocumentIsWaitedForLonger() {
@@ -169,6 +169,8 @@ private Q_SLOTS:
         QVERIFY(word->SelectionPaste());
         QVERIFY(word->SelectionWholeStory());
         QVERIFY(word->SelectionHomeKey(platform::wdStory));
+        QVERIFY(word->SetCheckGrammarWithSpelling(true));
+        QVERIFY(word->ActiveDocumentCheckGrammar());
         QVERIFY(word->ActiveDocumentClose(platform::wdDoNotSaveChanges));
         QVERIFY(word->Quit(platform::wdDoNotSaveChanges));
         QVERIFY(accident.Happened());
