@@ -1,15 +1,23 @@
 #include "platform/word/input_block.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
+#include <QWidget>
+#include <QWindow>
 
 namespace platform {
 
-InputBlock::InputBlock() {
+InputBlock::InputBlock()
+    : m_dialogBefore(QApplication::activeModalWidget()) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool InputBlock::eventFilter(QObject*, QEvent* event) {
+bool InputBlock::eventFilter(QObject* receiver, QEvent* event) {
+    // the windows behind a dialog take no input anyhow, but would close
+    const QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog && dialog != m_dialogBefore &&
+        (event->type() != QEvent::Close || receiver == dialog || receiver == dialog->windowHandle()))
+        return false;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
