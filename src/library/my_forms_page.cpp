@@ -13,8 +13,9 @@
 #include "platform/rich_text/rich_text_box.h"
 #include "platform/services.h"
 
-#include <QFocusEvent>
+#include <QApplication>
 #include <QLineEdit>
+#include <QMenuBar>
 
 namespace quillbrook {
 
@@ -48,7 +49,12 @@ MyFormsPage::MyFormsPage(QWidget* page, Workbench& workbench, WindowState& state
     connect(btnUpdate, &MyButton::Click, this, &MyFormsPage::UpdateMyForm);
     connect(btnCancelNew, &MyButton::Click, this, &MyFormsPage::CancelNewMyForm);
     connect(btnDelete, &MyButton::Click, this, &MyFormsPage::DeleteMyForm);
-    txtMyTitle->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        // not when the keyboard is only lent to a menu or another window
+        if (now && now != txtMyTitle && now->window() == txtMyTitle->window() &&
+            !qobject_cast<const QMenuBar*>(now))
+            txtMyTitle->setCursorPosition(0);
+    });
     connect(txtMyTitle, &QLineEdit::returnPressed, this, [this] { SetFocus(cboMySubCategory); });
     connect(cboMySubCategory->lineEdit(), &QLineEdit::returnPressed, this,
             [this] { SetFocus(m_workbench.txtMyContent()); });
@@ -213,17 +219,6 @@ void MyFormsPage::MyTitleClick() {
 void MyFormsPage::ShowBeginnings() {
     txtMyTitle->setCursorPosition(0);
     cboMySubCategory->lineEdit()->setCursorPosition(0);
-}
-
-// A title that is left shows its beginning, not one whose keyboard is only lent to a menu or another window.
-bool MyFormsPage::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == txtMyTitle && event->type() == QEvent::FocusOut) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-            reason != Qt::MenuBarFocusReason)
-            txtMyTitle->setCursorPosition(0);
-    }
-    return QObject::eventFilter(watched, event);
 }
 
 void MyFormsPage::StartNewMyForm() {

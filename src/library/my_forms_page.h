@@ -105,9 +105,6 @@ Q_SIGNALS:
     void HistoryStartsAfresh(); // the pane's text is the one entry of its history of changes
     void HistoryCleared();      // there is nothing to undo or redo
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void BuildLists(QWidget* page);
     void BuildFields(QWidget* page);

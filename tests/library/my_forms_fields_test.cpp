@@ -4,6 +4,7 @@
 
 #include "app/menu_tree.h"
 #include "platform/controls/combo_box.h"
+#include "platform/controls/focus.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/my_button.h"
@@ -85,6 +86,33 @@ private Q_SLOTS:
         QTRY_VERIFY(HasFocus(Page().txtMyTitle));
         QTest::keyClicks(Page().txtMyTitle, u"Sale"_qs);
         QCOMPARE(Page().txtMyTitle->text(), u"Deed of Sale"_qs);
+    }
+
+    // However the keyboard went in between.
+    void ATitleThatIsLeftShowsItsBeginning_data() {
+        QTest::addColumn<QString>("borrower");
+        for (const char* borrower : {"none", "a dialog", "the menu bar"})
+            QTest::newRow(borrower) << QString::fromLatin1(borrower);
+    }
+    void ATitleThatIsLeftShowsItsBeginning() {
+        QFETCH(QString, borrower);
+        GoTo(MyFormsMode::Composing);
+        QTest::keyClicks(Page().txtMyTitle, u"Claim against the heirs of Don Santiago"_qs);
+        QVERIFY(Page().txtMyTitle->cursorPosition() > 0);
+        QDialog dialog(&Main());
+        if (borrower == u"a dialog") {
+            dialog.setModal(true);
+            dialog.show();
+            QVERIFY(QTest::qWaitForWindowActive(&dialog));
+            dialog.close();
+        } else if (borrower == u"the menu bar") {
+            QTest::keyPress(Main().windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+            QTest::keyRelease(Main().windowHandle(), Qt::Key_Alt);
+            QVERIFY(HasFocus(Main().menuTree->MenuBar()));
+        }
+        platform::SetFocus(Page().cboMySubCategory);
+        QTRY_VERIFY(HasFocus(Page().cboMySubCategory));
+        QCOMPARE(Page().txtMyTitle->cursorPosition(), 0);
     }
 
     void LongEntriesAreReadWhole() {
