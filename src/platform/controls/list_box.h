@@ -49,8 +49,8 @@ public:
 
 Q_SIGNALS:
     // The user chose an entry by mouse or key, or the program by setText or setListIndex. An entry whose
-    // first letters are typed is chosen when no further letter comes, or before anything else that the user
-    // does; Enter chooses what is selected at once, and again.
+    // first letters are typed is chosen when no further letter comes, or right before what the user does next
+    // elsewhere by mouse or shortcut; Enter chooses what is selected at once, and again.
     void Click();
     void DoubleClick();
     // The mouse moved over the list, over the entry of an index or, with -1, beside all of them.
