@@ -409,7 +409,9 @@ private Q_SLOTS:
         const QString mine = Main().txtMyContent()->TextRTF();
         for (const Tab tab : {Tab::FormsExplorer, Tab::Search, Tab::Favorites, Tab::History}) {
             Main().SetTab(tab);
-            Bar().cboFonts->setListIndex(int(Bar().cboFonts->Items().indexOf(u"Liberation Sans"_qs)));
+            const int font = int(Bar().cboFonts->Items().indexOf(u"Liberation Sans"_qs));
+            QVERIFY(font >= 0);
+            Bar().cboFonts->setListIndex(font);
             Bar().cboFontSize->setListIndex(20);
             QCOMPARE(Main().txtContent()->TextRTF(), reading);
             QCOMPARE(Main().txtMyContent()->TextRTF(), mine);
