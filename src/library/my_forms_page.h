@@ -63,7 +63,8 @@ public:
     // the form is not stored.
     void AddNewMyForm();
 
-    // Stores the changes to the form on display, after asking; Yes and No alike show the first form again.
+    // Stores the changes to the form on display, after asking; Yes and No alike show the first form again. In
+    // an empty collection it adds what fields and pane hold.
     void UpdateMyForm();
 
     // Leaves a new form without asking.
@@ -75,7 +76,7 @@ public:
     // Puts the form on the screen into the collection, from whatever page.
     void AddtoMyForms();
 
-    // Shows the frame of titles and the buttons of a state.
+    // Shows the frame of titles and the buttons of a state, and sets MyFormDisplayed to what it is there.
     void Show(MyFormsMode mode);
 
     void RemoveDuplicateMySubCategories();

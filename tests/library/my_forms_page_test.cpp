@@ -179,6 +179,28 @@ private Q_SLOTS:
         QCOMPARE(Main().undoCommands->MyHistory().Index(), 0);
     }
 
+    void UpdateAndDeleteShowTheFirstFormWhicheverWasOnDisplay_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("update, yes") << u"btnUpdate"_qs << true;
+        QTest::newRow("update, no") << u"btnUpdate"_qs << false;
+        QTest::newRow("delete") << u"btnDelete"_qs << true;
+    }
+    void UpdateAndDeleteShowTheFirstFormWhicheverWasOnDisplay() {
+        QFETCH(QString, button);
+        QFETCH(bool, yes);
+        std::vector<TestForm> forms = WithOwnForms();
+        forms.push_back(Own(u"Lot Survey"_qs, u"Land"_qs));
+        Open(forms);
+        TestWindow::ClickEntry(Page().lstMySubCategory, 1);
+        TestWindow::ClickEntry(Page().lstMyTitle, 1);
+        Box().answer = yes ? MessageAnswer::Yes : MessageAnswer::No;
+        Main().findChild<MyButton*>(button)->click();
+        QCOMPARE(Page().lstMySubCategory->Text(), u"Corporate"_qs);
+        QCOMPARE(Page().lstMyTitle->Text(), u"Annual Report"_qs);
+        QCOMPARE(Pane().Text(), u"Text of Annual Report"_qs);
+    }
+
     void UpdateUnderANewSubCategoryMovesTheForm() {
         GoTo(MyFormsMode::Browsing);
         TestWindow::ClickEntry(Page().lstMySubCategory, 1);
@@ -402,18 +424,6 @@ private Q_SLOTS:
         Main().searchPage->btnNextHit->show();
         TestWindow::ClickEntry(Page().lstMyTitle, 0);
         QVERIFY(Main().searchPage->btnNextHit->isHidden());
-    }
-
-    void TheFormatOfAnOwnFormIsKept() {
-        GoTo(MyFormsMode::Composing);
-        Fill(u"Bold One"_qs, u"Aaa"_qs, u"plain and bold"_qs);
-        Pane().setSelStart(10);
-        Pane().setSelLength(4);
-        Pane().setSelBold(true);
-        const QString source = Pane().TextRTF();
-        Page().btnAddNew->click();
-        QCOMPARE(Page().txtMyTitle->text(), u"Bold One"_qs);
-        QCOMPARE(Pane().TextRTF(), source);
     }
 
 private:
