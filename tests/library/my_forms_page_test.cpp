@@ -86,7 +86,9 @@ private Q_SLOTS:
     void NewBeginsComposing() {
         QFETCH(MyFormsMode, from);
         GoTo(from);
+        Main().State().DocumentSaved = false;
         QTest::mouseClick(Page().btnNew, Qt::LeftButton);
+        QVERIFY(!Main().State().DocumentSaved); // what was typed before is not saved by it
         Verify(MyFormsMode::Composing);
         QCOMPARE(Page().txtMyTitle->text(), QString());
         QCOMPARE(Page().cboMySubCategory->Text(), QString());
