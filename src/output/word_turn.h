@@ -6,9 +6,8 @@
 
 namespace quillbrook {
 
-// The turn of one command that uses the word processor, from its first step to its last. The window takes no
-// keys and no clicks meanwhile, but the desktop's menus and assistive technology choose commands without
-// them: a command whose turn it is not does nothing.
+// The turn of one command that uses the word processor, from its first step to its last. Assistive technology
+// chooses commands also behind a dialog of the running one: a command whose turn it is not does nothing.
 class WordTurn {
 public:
     explicit WordTurn(PublicVariables& variables)

@@ -26,8 +26,7 @@ QString Member(const QString& call) {
     return QString(call).remove(argument);
 }
 
-// Chooses all commands of the word processor as assistive technology and a menu bar of the desktop's do it:
-// without keys and clicks.
+// Chooses all commands of the word processor as assistive technology does it: without keys and clicks.
 void ChooseAll(WordDesk& desk) {
     const LeftToolbar& bar = *desk.window->leftToolbar;
     for (QWidget* button : {bar.btnEditMSWord, bar.btnPrint, bar.btnSpellCheck})

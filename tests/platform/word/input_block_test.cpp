@@ -1,9 +1,55 @@
+// What the windows still take while the program waits for the word processor.
 #include "platform/word/input_block.h"
+
+#include "platform/controls/my_button.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
 using platform::InputBlock;
+using platform::MyButton;
+
+namespace {
+
+// A window with a button of each kind, a menu and a field.
+struct Desk {
+    Desk() {
+        bold->setCheckable(true);
+        // as entries with a mark do: what the entry does sets it
+        QObject::connect(bold, &QAction::triggered, bold, [this](bool on) { bold->setChecked(!on); });
+        auto* column = new QVBoxLayout(&window);
+        column->setMenuBar(menuBar);
+        for (QWidget* control :
+             {static_cast<QWidget*>(button), static_cast<QWidget*>(tool), static_cast<QWidget*>(field)})
+            column->addWidget(control);
+        for (QAction* entry : {print, bold})
+            QObject::connect(entry, &QAction::triggered, [this] { ++chosen; });
+        QObject::connect(button, &QPushButton::clicked, [this] { ++chosen; });
+        QObject::connect(tool, &MyButton::Click, [this] { ++chosen; });
+        window.show();
+        shown = QTest::qWaitForWindowExposed(&window);
+    }
+    void ChooseAll() {
+        for (QAction* entry : {print, bold})
+            entry->trigger();
+        button->click();
+        QAccessible::queryAccessibleInterface(tool)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    }
+
+    QWidget window;
+    QMenuBar* menuBar = new QMenuBar;
+    QMenu* menu = menuBar->addMenu(u"Form"_qs);
+    QAction* print = menu->addAction(u"Print"_qs);
+    QAction* bold = menu->addAction(u"Bold"_qs);
+    QPushButton* button = new QPushButton(u"Search"_qs);
+    MyButton* tool = new MyButton(MyButton::Kind::Tool);
+    QLineEdit* field = new QLineEdit;
+    int chosen = 0;
+    bool shown = false;
+};
+
+} // namespace
 
 class InputBlockTest : public QObject {
     Q_OBJECT
@@ -89,6 +135,43 @@ private Q_SLOTS:
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
         QVERIFY(!dialog.close());
         QVERIFY(dialog.isVisible());
+    }
+
+    void WhatIsChosenWithoutKeysAndClicksDoesNothing() {
+        Desk desk;
+        {
+            const InputBlock block;
+            desk.ChooseAll();
+        }
+        QCOMPARE(desk.chosen, 0);
+        QVERIFY(!desk.bold->isChecked());
+        desk.ChooseAll();
+        QCOMPARE(desk.chosen, 4);
+    }
+
+    void OneThatBeginsWithinAnotherEndsNothingOfIt() {
+        Desk desk;
+        {
+            const InputBlock block;
+            { const InputBlock inner; }
+            desk.ChooseAll();
+        }
+        QCOMPARE(desk.chosen, 0);
+        desk.ChooseAll();
+        QCOMPARE(desk.chosen, 4);
+    }
+
+    void AMenuThatComesMeanwhileCanBeClosed() {
+        Desk desk;
+        const InputBlock block;
+        desk.menu->popup(desk.window.pos());
+        QCOMPARE(QApplication::activePopupWidget(), desk.menu);
+        desk.window.close();
+        QVERIFY(desk.window.isVisible());
+        QTest::keyClick(desk.menu, Qt::Key_Escape);
+        QVERIFY(!desk.menu->isVisible());
+        QTest::keyClicks(desk.field, u"deed"_qs);
+        QCOMPARE(desk.field->text(), QString());
     }
 };
 

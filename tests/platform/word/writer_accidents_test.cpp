@@ -177,6 +177,33 @@ private Q_SLOTS:
         QVERIFY(m_writer->HasNoProcesses());
     }
 
+    void WhatAssistiveTechnologyChoosesMeanwhileDoesNothing() {
+        bool chosen = false;
+        bool opened = false;
+        TestWindow* window = nullptr;
+        Accident accident(*m_writer, u"Paste"_qs, [&] {
+            QTimer::singleShot(0, &**window, [&] {
+                chosen = true;
+                (*window)->Menu(u"mnuPageSetup"_qs)->trigger();
+            });
+        });
+        QTimer close;
+        connect(&close, &QTimer::timeout, &close, [&opened] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                opened = true;
+                dialog->hide();
+            }
+        });
+        close.start(200);
+        Desk desk(accident);
+        window = &desk.window;
+        desk.Run(u"save"_qs);
+        QVERIFY(chosen);
+        QVERIFY(!opened);
+        desk.window->Menu(u"mnuPageSetup"_qs)->trigger();
+        QVERIFY(opened);
+    }
+
     void OneThatHangsWhileItStartsIsEndedWithinTenSeconds_data() {
         QTest::addColumn<int>("milliseconds"); // after its start
         QTest::newRow("at once") << 0;
