@@ -158,6 +158,14 @@ private Q_SLOTS:
         QCOMPARE(desk.Word().calls, Commands()[0].calls);
     }
 
+    void ExportLeavesTheKeyboardWhereItIs() {
+        WordDesk desk;
+        QVERIFY(desk.window.Show());
+        desk.window->leftToolbar->btnSave->setFocus();
+        desk.Commands().ExportPane();
+        QCOMPARE(QApplication::focusWidget(), desk.window->leftToolbar->btnSave);
+    }
+
     void PrintingHoldsItsButtonAndGivesThePointerBackForTheDialog() {
         WordDesk desk;
         QVERIFY(desk.window.Show());
@@ -166,7 +174,10 @@ private Q_SLOTS:
         QVERIFY(!desk.At(u"CreateObject"_qs).printEnabled);
         QVERIFY(!desk.At(u"Dialogs.Show 88"_qs).printEnabled);
         QVERIFY(!desk.At(u"Dialogs.Show 88"_qs).hourglass);
-        QVERIFY(!desk.moments[desk.moments.size() - 4].hourglass); // Visible = False
+        const Moment& hidden = desk.moments[desk.moments.size() - 4];
+        QCOMPARE(hidden.call, u"Visible = False"_qs);
+        QVERIFY(!hidden.hourglass);
+        QVERIFY(!hidden.printEnabled);
         QVERIFY(desk.At(u"ActiveDocument.Close 0"_qs).printEnabled);
         QVERIFY(desk.At(u"ActiveDocument.Close 0"_qs).hourglass);
         QVERIFY(desk.At(u"Release"_qs).hourglass);
