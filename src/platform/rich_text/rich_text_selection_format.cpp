@@ -101,7 +101,8 @@ int AlignmentOf(const QTextBlockFormat& format) {
     return AlignedLeft;
 }
 
-void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change) {
+// Over the characters; hidden text keeps its format.
+static void MergeRuns(const QTextCursor& selection, const QTextCharFormat& change) {
     const int from = selection.selectionStart();
     const int to = selection.selectionEnd();
     std::vector<std::pair<int, int>> hidden;
@@ -134,6 +135,58 @@ void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change
     }
     mergeUpTo(to);
     cursor.endEditBlock();
+}
+
+static bool IsOfText(const QTextCharFormat& format) {
+    return format.objectIndex() < 0; // not that of a cell or a frame
+}
+
+// Qt keeps the format of a paragraph's end with the end before it: the paragraph behind a selection would
+// take the change, and the first one of the selection would not.
+class ParagraphEnds {
+public:
+    explicit ParagraphEnds(const QTextCursor& selection)
+        : m_document(*selection.document())
+        , m_first(m_document.findBlock(selection.selectionStart()))
+        , m_behind(m_document.findBlock(selection.selectionEnd()))
+        , m_formatBehind(m_behind.charFormat()) {
+        // the very last end cannot be selected: it goes with a selection that comes to it
+        m_reachesLastEnd = selection.selectionEnd() == m_document.characterCount() - 1;
+    }
+
+    // After `change` was laid over the selection.
+    void Settle(const QTextCharFormat& change) const {
+        if (m_first == m_behind)
+            return;
+        QTextCharFormat format = m_first.charFormat();
+        format.merge(change);
+        Set(m_first, format);
+        if (!m_reachesLastEnd)
+            Set(m_behind, m_formatBehind);
+    }
+
+private:
+    static void Set(const QTextBlock& block, const QTextCharFormat& format) {
+        const QTextCharFormat old = block.charFormat();
+        if (IsOfText(old) && IsOfText(format) && old != format)
+            QTextCursor(block).setBlockCharFormat(format);
+    }
+
+    const QTextDocument& m_document;
+    QTextBlock m_first;
+    QTextBlock m_behind;
+    QTextCharFormat m_formatBehind;
+    bool m_reachesLastEnd = false;
+};
+
+void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change) {
+    QTextCursor edit(selection);
+    edit.beginEditBlock();
+    const ParagraphEnds ends(selection);
+    MergeRuns(selection, change);
+    if (!selection.hasComplexSelection())
+        ends.Settle(change);
+    edit.endEditBlock();
 }
 
 bool ChangeBlockFormats(const QTextCursor& selection,

@@ -74,7 +74,8 @@ double FontSizeOf(const QTextCharFormat& format, const QTextDocument& document);
 QRgb ColorOf(const QTextCharFormat& format);
 int AlignmentOf(const QTextBlockFormat& format);
 
-// Lays `change` over the characters of the selection. Hidden text keeps its format, so that it stays unseen.
+// Lays `change` over the characters and the ends of paragraphs of the selection. Hidden text keeps its
+// format, so that it stays unseen.
 void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change);
 
 // Gives each paragraph of the selection the format that `change` makes of its own, told as files have it;

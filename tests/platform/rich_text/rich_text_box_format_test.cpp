@@ -77,6 +77,75 @@ private Q_SLOTS:
         QCOMPARE(box.SelAlignment(), 1);
     }
 
+    void TheLineBehindASelectionKeepsItsFormat_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("an empty line") << QStringLiteral("head\n\nbody");
+        QTest::newRow("a line of text") << QStringLiteral("head\nbody\nend");
+    }
+    void TheLineBehindASelectionKeepsItsFormat() {
+        QFETCH(QString, text);
+        RichTextBox box;
+        box.setText(text);
+        Select(box, 0, 5); // the line with its end
+        box.setSelBold(true);
+        box.setSelFontSize(20);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelFontSize(), 20);
+        const QString source = box.TextRTF();
+        QVERIFY(source.contains(QStringLiteral("head\\par")));
+        box.setTextRTF(source);
+        QCOMPARE(box.TextRTF(), source);
+        Select(box, 5, 4); // what stands there, and then the line emptied
+        box.setSelText(QString());
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        Select(box, 5, 1);
+        QCOMPARE(box.SelText(), QStringLiteral("x"));
+        QCOMPARE(box.SelBold(), false);
+        QVERIFY(box.SelFontSize() < 20);
+    }
+
+    void AnEmptyLineThatIsSelectedTakesTheFormat_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("length");
+        QTest::newRow("first") << QStringLiteral("\nend") << 0 << 1;
+        QTest::newRow("between") << QStringLiteral("one\n\ntwo") << 4 << 1;
+        QTest::newRow("two of them") << QStringLiteral("one\n\n\ntwo") << 4 << 2;
+        QTest::newRow("all there is") << QStringLiteral("\n\n") << 0 << 2;
+    }
+    void AnEmptyLineThatIsSelectedTakesTheFormat() {
+        QFETCH(QString, text);
+        QFETCH(int, start);
+        QFETCH(int, length);
+        RichTextBox box;
+        box.setText(text);
+        box.Snapshot(); // what is kept of the source follows
+        Select(box, start, length);
+        box.setSelBold(true);
+        box.setSelColor(Qt::red);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelColor(), QColor(Qt::red));
+        const QString source = box.TextRTF();
+        RichTextBox other;
+        other.setTextRTF(source);
+        QCOMPARE(other.TextRTF(), source);
+        Select(other, start, length);
+        QCOMPARE(other.SelBold(), true);
+        box.setSelStart(start);
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        Select(box, start, 1);
+        QCOMPARE(box.SelBold(), true);
+    }
+
+    void TheLastLineGoesWithASelectionOfAll() {
+        RichTextBox box;
+        box.setText(QStringLiteral("one\n"));
+        box.selectAll();
+        box.setSelFontSize(20);
+        box.setSelStart(4);
+        QCOMPARE(box.SelFontSize(), 20);
+    }
+
     void TheCaretReadsTheCharacterBeforeIt() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1 ab\\b cd}"));
