@@ -4,6 +4,7 @@
 #include "app/menu_tree.h"
 #include "editor/edit_tool_bar.h"
 #include "editor/undo_commands.h"
+#include "library/my_forms_page.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/my_button.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -103,6 +104,38 @@ private Q_SLOTS:
         QVERIFY(pane->TextRTF().contains(u"Times New Roman"_qs));
     }
 
+    void ABlankOrAnEmptyLineIsText_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("blank") << u" "_qs;
+        QTest::newRow("empty line") << u"\n"_qs;
+    }
+    void ABlankOrAnEmptyLineIsText() {
+        QFETCH(QString, text);
+        RichTextBox* reading = Main().txtContent();
+        reading->setText(text);
+        QVERIFY(Main().Menu(u"mnuNew"_qs)->isEnabled());
+        QVERIFY(Main().Menu(u"mnuSave"_qs)->isEnabled());
+        RichTextBox* mine = Go(Tab::MyForms);
+        mine->setText(text);
+        mine->selectAll();
+        mine->setSelFontSize(20);
+        mine->setSelAlignment(2);
+        QCOMPARE(mine->Text(), text);
+        QCOMPARE(mine->SelFontSize(), std::optional(20.0));
+        QCOMPARE(mine->SelAlignment(), std::optional(2));
+    }
+
+    void ANewOwnFormShowsItsFontWhateverTheCombosShowed() {
+        Go(Tab::MyForms);
+        for (int i = 0; i < 2; ++i) { // also where the pane has that font already
+            Bar().cboFonts->setText(u"Liberation Sans"_qs);
+            Bar().cboFontSize->setText(u"33"_qs);
+            Main().myFormsPage->StartNewMyForm();
+            QCOMPARE(Bar().cboFonts->Text(), u"Times New Roman"_qs);
+            QCOMPARE(Bar().cboFontSize->Text(), u"12"_qs);
+        }
+    }
+
     void AClickInTheReadingPaneGoesToTheEditPageFromAnyOther_data() {
         QTest::addColumn<int>("tab");
         for (int tab : {0, 1, 2, 3, 4})
@@ -199,6 +232,19 @@ private Q_SLOTS:
         }
     }
 
+    void JustifiedTextShowsNoAlignmentPressed_data() { EitherPane(); }
+    void JustifiedTextShowsNoAlignmentPressed() {
+        QFETCH(int, tab);
+        RichTextBox* pane = Go(Tab(tab));
+        pane->setText(u"text"_qs);
+        for (const int alignment : {0, 1, 2}) {
+            pane->setSelAlignment(alignment);
+            QVERIFY(Bar().btnLeft->Value() || Bar().btnCenter->Value() || Bar().btnRight->Value());
+            pane->setSelAlignment(3);
+            QVERIFY(!Bar().btnLeft->Value() && !Bar().btnCenter->Value() && !Bar().btnRight->Value());
+        }
+    }
+
     void TheFormatIsShownWhenThePageIsChosen() {
         Main().txtContent()->setText(u"x"_qs);
         Main().txtContent()->selectAll();
@@ -257,6 +303,7 @@ private Q_SLOTS:
             QTest::addRow("left, page %d", tab) << tab << Qt::LeftButton << false;
             QTest::addRow("right, page %d", tab) << tab << Qt::RightButton << true;
             QTest::addRow("middle, page %d", tab) << tab << Qt::MiddleButton << true;
+            QTest::addRow("another, page %d", tab) << tab << Qt::BackButton << true;
         }
     }
     void AButtonOtherThanTheLeftShowsThePopUp() {
@@ -265,9 +312,13 @@ private Q_SLOTS:
         QFETCH(bool, shown);
         RichTextBox* pane = Go(Tab(tab));
         pane->setText(u"some text to point at"_qs);
+        pane->setSelStart(2);
+        pane->setSelLength(4);
         QTest::mousePress(pane->viewport(), button, Qt::NoModifier, {120, 40});
         QMenu* popUp = Main().menuTree->Menu(u"mnuPopUp"_qs);
         QCOMPARE(popUp->isVisible(), shown);
+        if (shown) // what was selected, for the entries to act on
+            QCOMPARE(pane->SelText(), u"me t"_qs);
         QCOMPARE(int(Main().CurrentTab()), tab); // going to the form takes a whole click
         popUp->close();
         QTest::mouseRelease(pane->viewport(), button, Qt::NoModifier, {120, 40});
@@ -285,7 +336,10 @@ private Q_SLOTS:
 
     // --- keys
 
-    void ACharacterMakesTheDocumentUnsavedInEitherPane_data() { EitherPane(); }
+    void ACharacterMakesTheDocumentUnsavedInEitherPane_data() {
+        EitherPane();
+        QTest::newRow("form that is read") << 0;
+    }
     void ACharacterMakesTheDocumentUnsavedInEitherPane() {
         QFETCH(int, tab);
         RichTextBox* pane = Go(Tab(tab));
@@ -337,6 +391,22 @@ private Q_SLOTS:
         while (Main().Menu(u"mnuUndo"_qs)->isEnabled())
             QTest::keyClick(pane, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(Main().State().DocumentSaved); // the first state counts as unchanged
+    }
+
+    void AKeyOfUndoOrRedoThatStandsForNoCharacterIsNone() {
+        RichTextBox* pane = Go(Tab::EditForm);
+        QTest::keyClicks(pane, u"abc"_qs);
+        Main().State().DocumentSaved = true;
+        const auto press = [pane](Qt::Key key) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+            QCoreApplication::sendEvent(pane, &event);
+        };
+        press(Qt::Key_Z);
+        QCOMPARE(pane->Text(), u"ab"_qs);
+        QVERIFY(Main().State().DocumentSaved);
+        press(Qt::Key_Y);
+        QCOMPARE(pane->Text(), u"abc"_qs);
+        QVERIFY(Main().State().DocumentSaved);
     }
 
     // --- font combos

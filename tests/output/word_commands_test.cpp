@@ -141,6 +141,17 @@ private Q_SLOTS:
         QCOMPARE(desk.Word().calls, Row(row).calls);
     }
 
+    void OnlySavingMarksTheDocumentSaved_data() { CommandRows(); }
+    void OnlySavingMarksTheDocumentSaved() {
+        QFETCH(int, row);
+        for (const bool saved : {true, false}) {
+            WordDesk desk;
+            desk.State().DocumentSaved = saved;
+            Row(row).run(desk);
+            QCOMPARE(desk.State().DocumentSaved, saved || QLatin1String(Row(row).name) == u"save"_qs);
+        }
+    }
+
     void ExportGivesTheDocumentToTheUser() {
         WordDesk desk;
         desk.Commands().ExportPane();
