@@ -235,6 +235,7 @@ private Q_SLOTS:
         QFETCH(QString, title);
         GoTo(from);
         Fill(title, u"Corporate"_qs, u"changed"_qs);
+        Page().btnUpdate->setFocus();
         Box().answer = MessageAnswer::Yes;
         Page().btnUpdate->click();
         QCOMPARE(Box().shown.size(), size_t(2));
@@ -305,6 +306,7 @@ private Q_SLOTS:
         QFETCH(QString, subCategory);
         GoTo(MyFormsMode::Composing);
         Fill(title, QString(), QString()); // the title is tested before the rest
+        Page().btnAddNew->setFocus();
         Page().btnAddNew->click();
         VerifyOneMessage(u"A Form with the Title '"_qs + stored + u"'   \nalready exists under '"_qs +
                          subCategory + u"'.   \n\nPlease change the Title of your New Form.   "_qs);
@@ -455,6 +457,7 @@ private:
         QFETCH(QString, message);
         QFETCH(QString, focus);
         Fill(title, subCategory, text);
+        button->setFocus();
         button->click();
         VerifyOneMessage(message);
         QVERIFY(HasFocus(Main().findChild<QWidget*>(focus)));
