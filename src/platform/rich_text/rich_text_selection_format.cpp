@@ -3,6 +3,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <QTextTable>
 #include <cmath>
 #include <vector>
 
@@ -101,92 +102,99 @@ int AlignmentOf(const QTextBlockFormat& format) {
     return AlignedLeft;
 }
 
-// Over the characters; hidden text keeps its format.
-static void MergeRuns(const QTextCursor& selection, const QTextCharFormat& change) {
-    const int from = selection.selectionStart();
-    const int to = selection.selectionEnd();
-    std::vector<std::pair<int, int>> hidden;
-    for (QTextBlock block = selection.document()->findBlock(from); block.isValid() && block.position() < to;
+namespace {
+
+// What a change leaves as it is.
+struct KeptFormat {
+    int position = 0; // of characters, or of the paragraph whose end is meant
+    int length = 0;   // 0 for the end of a paragraph
+    QTextCharFormat format;
+};
+
+std::vector<KeptFormat> HiddenFormats(const QTextDocument& document, int from, int to) {
+    std::vector<KeptFormat> kept;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
+        if (const QTextCharFormat end = block.charFormat(); end.boolProperty(HiddenText))
+            kept.push_back({block.position(), 0, end});
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment run = it.fragment();
             if (run.position() < to && run.position() + run.length() > from &&
                 run.charFormat().boolProperty(HiddenText))
-                hidden.emplace_back(run.position(), run.position() + run.length());
+                kept.push_back({run.position(), run.length(), run.charFormat()});
         }
     }
-    QTextCursor cursor(selection);
-    if (hidden.empty()) {
-        cursor.mergeCharFormat(change);
-        return;
-    }
-    cursor.beginEditBlock();
-    int next = from;
-    const auto mergeUpTo = [&](int end) {
-        if (next >= end)
-            return;
-        cursor.setPosition(next);
-        cursor.setPosition(end, QTextCursor::KeepAnchor);
-        cursor.mergeCharFormat(change);
-    };
-    for (const auto& [begin, end] : hidden) {
-        mergeUpTo(begin);
-        next = end;
-    }
-    mergeUpTo(to);
-    cursor.endEditBlock();
+    return kept;
 }
 
-static bool IsOfText(const QTextCharFormat& format) {
-    return format.objectIndex() < 0; // not that of a cell or a frame
+void SetEnd(const QTextBlock& block, const QTextCharFormat& format) {
+    if (block.charFormat() != format)
+        QTextCursor(block).setBlockCharFormat(format);
 }
 
-// Qt keeps the format of a paragraph's end with the end before it: the paragraph behind a selection would
-// take the change, and the first one of the selection would not.
-class ParagraphEnds {
-public:
-    explicit ParagraphEnds(const QTextCursor& selection)
-        : m_document(*selection.document())
-        , m_first(m_document.findBlock(selection.selectionStart()))
-        , m_behind(m_document.findBlock(selection.selectionEnd()))
-        , m_formatBehind(m_behind.charFormat()) {
-        // the very last end cannot be selected: it goes with a selection that comes to it
-        m_reachesLastEnd = selection.selectionEnd() == m_document.characterCount() - 1;
+void PutBack(const std::vector<KeptFormat>& formats, QTextCursor cursor) {
+    for (const KeptFormat& kept : formats) {
+        if (kept.length == 0) {
+            SetEnd(cursor.document()->findBlock(kept.position), kept.format);
+            continue;
+        }
+        cursor.setPosition(kept.position);
+        cursor.setPosition(kept.position + kept.length, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(kept.format);
     }
+}
 
-    // After `change` was laid over the selection.
-    void Settle(const QTextCharFormat& change) const {
-        if (m_first == m_behind)
-            return;
-        QTextCharFormat format = m_first.charFormat();
-        format.merge(change);
-        Set(m_first, format);
-        if (!m_reachesLastEnd)
-            Set(m_behind, m_formatBehind);
+// The first paragraphs of the cells that begin in a selection of cells; Qt changes no others.
+std::vector<QTextBlock> FirstBlocksOfCells(const QTextCursor& selection, const QTextTable& table) {
+    int firstRow = 0;
+    int rows = 0;
+    int firstColumn = 0;
+    int columns = 0;
+    selection.selectedTableCells(&firstRow, &rows, &firstColumn, &columns);
+    std::vector<QTextBlock> blocks;
+    for (int row = firstRow; row < firstRow + rows; ++row) {
+        for (int column = firstColumn; column < firstColumn + columns; ++column) {
+            if (const QTextTableCell cell = table.cellAt(row, column);
+                cell.row() == row && cell.column() == column)
+                blocks.push_back(cell.firstCursorPosition().block());
+        }
     }
+    return blocks;
+}
 
-private:
-    static void Set(const QTextBlock& block, const QTextCharFormat& format) {
-        const QTextCharFormat old = block.charFormat();
-        if (IsOfText(old) && IsOfText(format) && old != format)
-            QTextCursor(block).setBlockCharFormat(format);
-    }
+} // namespace
 
-    const QTextDocument& m_document;
-    QTextBlock m_first;
-    QTextBlock m_behind;
-    QTextCharFormat m_formatBehind;
-    bool m_reachesLastEnd = false;
-};
-
+// Qt keeps the format of a paragraph's end with the end before it: there the paragraph behind a selection
+// would take the change, and the first one of the selection, or of a selected cell, would not.
 void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change) {
-    QTextCursor edit(selection);
-    edit.beginEditBlock();
-    const ParagraphEnds ends(selection);
-    MergeRuns(selection, change);
-    if (!selection.hasComplexSelection())
-        ends.Settle(change);
-    edit.endEditBlock();
+    const QTextDocument& document = *selection.document();
+    const QTextTable* const cells = selection.hasComplexSelection() ? selection.currentTable() : nullptr;
+    const int from = cells ? cells->firstPosition() : selection.selectionStart();
+    const int to = cells ? cells->lastPosition() : selection.selectionEnd();
+    const QTextBlock first = document.findBlock(from);
+    const QTextBlock behind = document.findBlock(to);
+
+    std::vector<KeptFormat> kept = HiddenFormats(document, from, to);
+    std::vector<QTextBlock> missed;
+    if (cells) {
+        missed = FirstBlocksOfCells(selection, *cells);
+    } else if (first != behind) {
+        missed.push_back(first);
+        // the very last end cannot be selected: it goes with a selection that comes to it
+        if (to != document.characterCount() - 1)
+            kept.push_back({behind.position(), 0, behind.charFormat()});
+    }
+
+    QTextCursor cursor(selection);
+    cursor.beginEditBlock();
+    cursor.mergeCharFormat(change);
+    for (const QTextBlock& block : missed) {
+        QTextCharFormat format = block.charFormat();
+        format.merge(change);
+        SetEnd(block, format);
+    }
+    PutBack(kept, cursor);
+    cursor.endEditBlock();
 }
 
 bool ChangeBlockFormats(const QTextCursor& selection,

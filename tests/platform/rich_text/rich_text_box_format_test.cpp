@@ -1,8 +1,12 @@
 // The formats of the rich text box's selection.
 #include "platform/rich_text/rich_text_box.h"
 
+#include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <cmath>
+
+#include "platform/rich_text/document_model.h"
 
 using platform::RichTextBox;
 
@@ -11,6 +15,37 @@ namespace {
 void Select(RichTextBox& box, int start, int length) {
     box.setSelStart(start);
     box.setSelLength(length);
+}
+
+// "before", a table of one row with two cells, an empty line, "after".
+QString SourceWithTable(const QString& firstCell, const QString& secondCell) {
+    return QStringLiteral("{\\rtf1 before\\par\\trowd\\cellx2000\\cellx4000\\intbl %1\\cell %2\\cell\\row"
+                          "\\pard\\par after\\par}")
+        .arg(firstCell, secondCell);
+}
+
+void SelectCells(RichTextBox& box, int inFirst, int inLast) {
+    QTextCursor cursor = box.textCursor();
+    cursor.setPosition(inFirst);
+    cursor.setPosition(inLast, QTextCursor::KeepAnchor);
+    box.setTextCursor(cursor);
+}
+
+// Whether all hidden text is drawn too small and too pale to be seen.
+bool IsHiddenUnseen(const RichTextBox& box) {
+    const auto isUnseen = [](const QTextCharFormat& format) {
+        return !format.boolProperty(platform::HiddenText) ||
+               (format.fontPointSize() < 1 && format.foreground().color().alpha() == 0);
+    };
+    for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+        if (!isUnseen(block.charFormat()))
+            return false;
+        for (auto run = block.begin(); !run.atEnd(); ++run) {
+            if (!isUnseen(run.fragment().charFormat()))
+                return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -146,6 +181,66 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontSize(), 20);
     }
 
+    void AnEmptyLineAtATablesEdgeTakesTheFormat_data() {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<int>("start");
+        QTest::newRow("behind the table") << SourceWithTable(QStringLiteral("a"), QStringLiteral("b")) << 11;
+        QTest::newRow("first of a cell")
+            << SourceWithTable(QStringLiteral("\\par a"), QStringLiteral("b")) << 7;
+    }
+    void AnEmptyLineAtATablesEdgeTakesTheFormat() {
+        QFETCH(QString, source);
+        QFETCH(int, start);
+        RichTextBox box;
+        box.setTextRTF(source);
+        box.Snapshot(); // what is kept of the source follows
+        Select(box, start, 1);
+        QCOMPARE(box.SelText(), QStringLiteral("\n"));
+        QCOMPARE(box.SelBold(), false);
+        box.setSelBold(true);
+        QCOMPARE(box.SelBold(), true);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QCOMPARE(other.TextRTF(), box.TextRTF());
+        Select(other, start, 1);
+        QCOMPARE(other.SelBold(), true);
+        Select(other, start + 1, 1);
+        QCOMPARE(other.SelBold(), false);
+    }
+
+    void TheLineBehindASelectedTableKeepsItsFormat() {
+        RichTextBox box;
+        box.setTextRTF(SourceWithTable(QStringLiteral("a"), QStringLiteral("b")));
+        Select(box, 0, 11);
+        QCOMPARE(box.SelText(), QStringLiteral("before\na\nb\n"));
+        box.setSelBold(true);
+        QCOMPARE(box.SelBold(), true);
+        Select(box, 11, 1);
+        QCOMPARE(box.SelBold(), false);
+    }
+
+    void EmptyCellsThatAreSelectedTakeTheFormat() {
+        RichTextBox box;
+        box.setTextRTF(SourceWithTable(QString(), QString()));
+        box.Snapshot(); // what is kept of the source follows
+        SelectCells(box, 7, 8);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        const QSignalSpy moves(&box, &RichTextBox::SelChange);
+        box.setSelBold(true);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(moves.count(), 1);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QCOMPARE(other.TextRTF(), box.TextRTF());
+        for (const int cell : {7, 8}) {
+            other.setSelStart(cell);
+            QCOMPARE(other.SelBold(), true);
+        }
+        other.setSelStart(9); // behind the table
+        QCOMPARE(other.SelBold(), false);
+    }
+
     void TheCaretReadsTheCharacterBeforeIt() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1 ab\\b cd}"));
@@ -229,6 +324,39 @@ private Q_SLOTS:
         QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
         Select(box, 1, 6);
         QVERIFY(box.textCursor().charFormat().fontPointSize() < 1);
+    }
+
+    void HiddenTextStaysHiddenWhereverItStands_data() {
+        QTest::addColumn<QString>("source");
+        const QString end = QStringLiteral("{\\rtf1 %1{\\v\\par}%2\\par more\\par}");
+        QTest::newRow("first end of a paragraph") << end.arg(QString(), QStringLiteral("text"));
+        QTest::newRow("another end of a paragraph") << end.arg(QStringLiteral("text\\par "), QString());
+        QTest::newRow("last end of a paragraph") << QStringLiteral("{\\rtf1 text\\par{\\v\\par}}");
+        QTest::newRow("in several cells")
+            << SourceWithTable(QStringLiteral("a{\\v b}c"), QStringLiteral("{\\v d}e"));
+    }
+    void HiddenTextStaysHiddenWhereverItStands() {
+        QFETCH(QString, source);
+        RichTextBox box;
+        box.setTextRTF(source);
+        QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
+        box.selectAll();
+        box.setSelFontSize(20);
+        box.setSelColor(Qt::red);
+        QVERIFY(IsHiddenUnseen(box));
+        QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
+    }
+
+    void HiddenTextStaysHiddenInSelectedCells() {
+        RichTextBox box;
+        box.setTextRTF(SourceWithTable(QStringLiteral("a{\\v b}c"), QStringLiteral("{\\v d}e")));
+        SelectCells(box, 8, 11);
+        QVERIFY(box.textCursor().hasComplexSelection());
+        box.setSelFontSize(20);
+        box.setSelColor(Qt::red);
+        QVERIFY(IsHiddenUnseen(box));
+        Select(box, 7, 1);
+        QCOMPARE(box.SelFontSize(), 20);
     }
 
     void Alignment_data() {
