@@ -1,10 +1,11 @@
 #include "platform/word/input_block.h"
 
+#include "platform/controls/my_button.h"
+
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QEvent>
-#include <QPushButton>
-#include <QToolButton>
 #include <QWindow>
 
 namespace platform {
@@ -18,14 +19,20 @@ bool IsPopup(const QObject* object) {
     return window && window->type() == Qt::Popup;
 }
 
+// Whether being chosen is all that the control has to tell. One that a click lets show another choice would
+// show it, and nobody was told.
+bool OnlyTellsThatItIsChosen(const QWidget* widget) {
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    return button && (!button->isCheckable() || qobject_cast<const MyButton*>(button));
+}
+
 } // namespace
 
 InputBlock::InputBlock()
     : m_dialogBefore(QApplication::activeModalWidget()) {
     QCoreApplication::instance()->installEventFilter(this);
     for (QWidget* widget : QApplication::allWidgets()) {
-        const bool isButton = qobject_cast<QPushButton*>(widget) || qobject_cast<QToolButton*>(widget);
-        if (isButton && widget->isVisible())
+        if (OnlyTellsThatItIsChosen(widget) && widget->isVisible()) // a dialog that opens has its own
             Silence(widget);
         for (QAction* entry : widget->actions()) {
             if (entry->isCheckable() && !entry->signalsBlocked())

@@ -10,7 +10,8 @@ class QWidget;
 namespace platform {
 
 // While this lives, the program's windows take no input: keys, clicks and requests to close are dropped, and
-// menu entries and buttons that assistive technology chooses without them do nothing. They are still painted.
+// menu entries, buttons and links that assistive technology chooses without them do nothing. The windows are
+// still painted.
 // A dialog or a menu that opens meanwhile all the same does take input: what waits goes on only when the
 // dialog is closed, and nobody else could close either.
 class InputBlock final : public QObject {

@@ -1,11 +1,13 @@
 // What the windows still take while the program waits for the word processor.
 #include "platform/word/input_block.h"
 
+#include "platform/controls/hyper_label.h"
 #include "platform/controls/my_button.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
+using platform::HyperLabel;
 using platform::InputBlock;
 using platform::MyButton;
 
@@ -19,13 +21,13 @@ struct Desk {
         QObject::connect(bold, &QAction::triggered, bold, [this](bool on) { bold->setChecked(!on); });
         auto* column = new QVBoxLayout(&window);
         column->setMenuBar(menuBar);
-        for (QWidget* control :
-             {static_cast<QWidget*>(button), static_cast<QWidget*>(tool), static_cast<QWidget*>(field)})
+        for (QWidget* control : std::initializer_list<QWidget*>{button, tool, link, field})
             column->addWidget(control);
         for (QAction* entry : {print, bold})
             QObject::connect(entry, &QAction::triggered, [this] { ++chosen; });
         QObject::connect(button, &QPushButton::clicked, [this] { ++chosen; });
         QObject::connect(tool, &MyButton::Click, [this] { ++chosen; });
+        QObject::connect(link, &HyperLabel::clicked, [this] { ++chosen; });
         window.show();
         shown = QTest::qWaitForWindowExposed(&window);
     }
@@ -33,6 +35,7 @@ struct Desk {
         for (QAction* entry : {print, bold})
             entry->trigger();
         button->click();
+        link->click();
         QAccessible::queryAccessibleInterface(tool)->actionInterface()->doAction(
             QAccessibleActionInterface::pressAction());
     }
@@ -44,6 +47,7 @@ struct Desk {
     QAction* bold = menu->addAction(u"Bold"_qs);
     QPushButton* button = new QPushButton(u"Search"_qs);
     MyButton* tool = new MyButton(MyButton::Kind::Tool);
+    HyperLabel* link = new HyperLabel(u"Website"_qs);
     QLineEdit* field = new QLineEdit;
     int chosen = 0;
     bool shown = false;
@@ -96,12 +100,12 @@ private Q_SLOTS:
         QFETCH(QString, by);
         QWidget window;
         window.show();
-        const InputBlock block;
-        QDialog dialog(&window);
+        QDialog dialog(&window); // loaded before, as some are
         QVBoxLayout column(&dialog);
         QPushButton ok(u"OK"_qs);
         column.addWidget(&ok);
         connect(&ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+        const InputBlock block;
         QVERIFY(Closes(dialog, [&] {
             if (by == u"a key")
                 QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
@@ -146,7 +150,29 @@ private Q_SLOTS:
         QCOMPARE(desk.chosen, 0);
         QVERIFY(!desk.bold->isChecked());
         desk.ChooseAll();
-        QCOMPARE(desk.chosen, 4);
+        QCOMPARE(desk.chosen, 5);
+    }
+
+    // Only choosing is silenced.
+    void WhatTheProgramEnablesDisablesOrRenamesMeanwhileStaysSo() {
+        Desk desk;
+        desk.bold->setEnabled(false);
+        desk.tool->setEnabled(false);
+        {
+            const InputBlock block;
+            desk.print->setEnabled(false);
+            desk.print->setText(u"Print..."_qs);
+            desk.bold->setEnabled(true);
+            desk.button->setEnabled(false);
+            desk.tool->setEnabled(true);
+        }
+        QVERIFY(!desk.print->isEnabled());
+        QVERIFY(desk.bold->isEnabled());
+        QVERIFY(!desk.button->isEnabled());
+        QVERIFY(desk.tool->isEnabled());
+        const QAccessibleInterface* shown = QAccessible::queryAccessibleInterface(desk.menu)->child(0);
+        QCOMPARE(shown->text(QAccessible::Name), u"Print..."_qs);
+        QVERIFY(shown->state().disabled);
     }
 
     void OneThatBeginsWithinAnotherEndsNothingOfIt() {
@@ -158,7 +184,7 @@ private Q_SLOTS:
         }
         QCOMPARE(desk.chosen, 0);
         desk.ChooseAll();
-        QCOMPARE(desk.chosen, 4);
+        QCOMPARE(desk.chosen, 5);
     }
 
     void AMenuThatComesMeanwhileCanBeClosed() {
