@@ -134,6 +134,13 @@ void RichTextBox::InsertText(const QString& text) {
                          });
     }
     format = TextOnlyFormat(format);
+    // where several paragraphs are replaced, Qt would give the line behind the end of the first or of the
+    // text
+    const QTextBlock behind = document()->findBlock(cursor.selectionEnd());
+    const bool keepsEnd = behind.position() > cursor.selectionStart() &&
+                          cursor.selectionEnd() < document()->characterCount() - 1 &&
+                          !behind.blockFormat().boolProperty(Filler);
+    const QTextCharFormat end = TextOnlyFormat(behind.charFormat());
     FitWrapping(plain);
     cursor.beginEditBlock();
     cursor.removeSelectedText();
@@ -141,6 +148,8 @@ void RichTextBox::InsertText(const QString& text) {
     if (document()->isEmpty())
         cursor.setBlockCharFormat(format);
     cursor.insertText(plain, format);
+    if (keepsEnd)
+        cursor.setBlockCharFormat(end);
     PartBreaks(document()->findBlock(start), cursor.block());
     cursor.endEditBlock();
     cursor.setCharFormat(format);

@@ -130,6 +130,35 @@ private Q_SLOTS:
         QCOMPARE(box.Text(), QStringLiteral("2\n2 three\n\nfour"));
     }
 
+    void TheLineBehindReplacedTextKeepsItsFormat_data() {
+        QTest::addColumn<QString>("behind");
+        QTest::addColumn<QString>("with");
+        QTest::newRow("empty") << QString() << QStringLiteral("HEAD\n");
+        QTest::newRow("text") << QStringLiteral("next") << QStringLiteral("HEAD\n");
+        QTest::newRow("more paragraphs") << QString() << QStringLiteral("HEAD\nand\nmore\n");
+        QTest::newRow("nothing") << QString() << QString();
+    }
+    void TheLineBehindReplacedTextKeepsItsFormat() {
+        QFETCH(QString, behind);
+        QFETCH(QString, with);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 top\\par\\b head\\par\\b0 %1\\par body\\par}").arg(behind));
+        box.Snapshot(); // what is kept of the source follows
+        box.setSelStart(4);
+        box.setSelLength(5);
+        QCOMPARE(box.SelText(), QStringLiteral("head\n"));
+        box.setSelText(with);
+        QCOMPARE(box.Text(), QStringLiteral("top\n%1%2\nbody").arg(with, behind));
+        const QString source = box.TextRTF();
+        QCOMPARE(source.contains(QStringLiteral("\\b HEAD\\par")), !with.isEmpty());
+        box.setTextRTF(source);
+        QCOMPARE(box.TextRTF(), source);
+        box.setSelStart(int(4 + with.size() + behind.size())); // its end
+        box.setSelLength(1);
+        QCOMPARE(box.SelText(), QStringLiteral("\n"));
+        QCOMPARE(box.SelBold(), std::optional(false));
+    }
+
     void SelTextTakesTheFormatOfTheFirstSelectedCharacter() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0 plain\\b bold\\b0 plain}"));
