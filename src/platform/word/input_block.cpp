@@ -32,7 +32,8 @@ InputBlock::InputBlock()
     : m_dialogBefore(QApplication::activeModalWidget()) {
     QCoreApplication::instance()->installEventFilter(this);
     for (QWidget* widget : QApplication::allWidgets()) {
-        if (OnlyTellsThatItIsChosen(widget) && widget->isVisible()) // a dialog that opens has its own
+        // pages that are hidden may come to the front; a dialog that opens is to take input
+        if (OnlyTellsThatItIsChosen(widget) && widget->window()->isVisible())
             Silence(widget);
         for (QAction* entry : widget->actions()) {
             if (entry->isCheckable() && !entry->signalsBlocked())

@@ -153,6 +153,20 @@ private Q_SLOTS:
         QCOMPARE(desk.chosen, 5);
     }
 
+    // A page that comes to the front meanwhile brings its buttons.
+    void ButtonsThatComeIntoViewMeanwhileDoNothingEither() {
+        Desk desk;
+        desk.button->hide();
+        {
+            const InputBlock block;
+            desk.button->show();
+            desk.ChooseAll();
+        }
+        QCOMPARE(desk.chosen, 0);
+        desk.ChooseAll();
+        QCOMPARE(desk.chosen, 5);
+    }
+
     // Only choosing is silenced.
     void WhatTheProgramEnablesDisablesOrRenamesMeanwhileStaysSo() {
         Desk desk;
