@@ -153,6 +153,39 @@ private Q_SLOTS:
         QCOMPARE(desk.chosen, 5);
     }
 
+    void AButtonThatCanShowItselfPressedDoesNothingEither() {
+        QWidget window;
+        QVBoxLayout column(&window);
+        MyButton toggle(MyButton::Kind::Toggle);
+        column.addWidget(&toggle);
+        window.show();
+        const QSignalSpy clicks(&toggle, &MyButton::Click);
+        {
+            const InputBlock block;
+            toggle.click();
+        }
+        QCOMPARE(clicks.size(), 0);
+        QVERIFY(!toggle.Value());
+        toggle.click();
+        QCOMPARE(clicks.size(), 1);
+    }
+
+    // What is shown and what the program goes by stay the same.
+    void AnOptionThatShowsItselfChosenTellsSo() {
+        QWidget window;
+        QVBoxLayout column(&window);
+        QRadioButton any(u"Any word"_qs);
+        QRadioButton all(u"All words"_qs);
+        for (QRadioButton* option : {&any, &all})
+            column.addWidget(option);
+        any.setChecked(true);
+        window.show();
+        const QSignalSpy turns(&all, &QRadioButton::toggled);
+        const InputBlock block;
+        all.click();
+        QCOMPARE(turns.size(), all.isChecked() ? 1 : 0);
+    }
+
     // A page that comes to the front meanwhile brings its buttons.
     void ButtonsThatComeIntoViewMeanwhileDoNothingEither() {
         Desk desk;
