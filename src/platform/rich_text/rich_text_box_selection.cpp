@@ -22,6 +22,13 @@ constexpr double kMostPoints = 1638;
 constexpr std::array kAlignments = {Qt::AlignLeft | Qt::AlignAbsolute, Qt::AlignRight | Qt::AlignAbsolute,
                                     Qt::Alignment(Qt::AlignHCenter), Qt::Alignment(Qt::AlignJustify)};
 
+// Whether the format of a paragraph's end is of nothing else: Qt keeps it with the end before it, which may
+// be the edge of a cell or a table.
+bool HasEndOfItsOwn(const QTextBlock& block) {
+    return block.position() == 0 ||
+           block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
+}
+
 } // namespace
 
 int RichTextBox::SelStart() const {
@@ -137,7 +144,7 @@ void RichTextBox::InsertText(const QString& text) {
     // where several paragraphs are replaced, Qt would give the line behind the end of the first or of the
     // text
     const QTextBlock behind = document()->findBlock(cursor.selectionEnd());
-    const bool keepsEnd = behind.position() > cursor.selectionStart() &&
+    const bool keepsEnd = behind.position() > cursor.selectionStart() && !cursor.hasComplexSelection() &&
                           cursor.selectionEnd() < document()->characterCount() - 1 &&
                           !behind.blockFormat().boolProperty(Filler);
     const QTextCharFormat end = TextOnlyFormat(behind.charFormat());
@@ -148,7 +155,8 @@ void RichTextBox::InsertText(const QString& text) {
     if (document()->isEmpty())
         cursor.setBlockCharFormat(format);
     cursor.insertText(plain, format);
-    if (keepsEnd)
+    // at the start of a cell the format is the cell's as well, with its span and borders
+    if (keepsEnd && HasEndOfItsOwn(cursor.block()))
         cursor.setBlockCharFormat(end);
     PartBreaks(document()->findBlock(start), cursor.block());
     cursor.endEditBlock();

@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextCursor>
 
 using platform::RichTextBox;
 
@@ -157,6 +158,47 @@ private Q_SLOTS:
         box.setSelLength(1);
         QCOMPARE(box.SelText(), QStringLiteral("\n"));
         QCOMPARE(box.SelBold(), std::optional(false));
+    }
+
+    void TextWrittenInCellsLeavesTheCellsAsTheyAre_data() {
+        QTest::addColumn<int>("anchor");
+        QTest::addColumn<int>("caret");
+        QTest::addColumn<QString>("with");
+        // top|one|two|a|b|wide|two|end
+        QTest::newRow("first line with its end") << 4 << 8 << QStringLiteral("x");
+        QTest::newRow("of a merged cell") << 16 << 21 << QStringLiteral("x");
+        QTest::newRow("upper case") << 4 << 8 << QStringLiteral("ONE\n");
+        QTest::newRow("nothing") << 16 << 21 << QString();
+        QTest::newRow("cells") << 5 << 14 << QStringLiteral("x");
+        QTest::newRow("cells, from the last") << 15 << 5 << QStringLiteral("x");
+        QTest::newRow("cells, several lines") << 14 << 17 << QStringLiteral("x\ny");
+    }
+    void TextWrittenInCellsLeavesTheCellsAsTheyAre() {
+        QFETCH(int, anchor);
+        QFETCH(int, caret);
+        QFETCH(QString, with);
+        const QString side = QStringLiteral("\\clbrdrt\\brdrs\\brdrw10");
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1{\\colortbl;\\red255\\green255\\blue0;}top\\par"
+                                      "\\trowd%1\\clcbpat1\\cellx3000\\clcbpat1\\cellx6000"
+                                      "\\intbl one\\par two\\cell a\\par b\\cell\\row"
+                                      "\\trowd%1\\clcbpat1\\cellx6000\\intbl wide\\par two\\cell\\row"
+                                      "\\pard end\\par}")
+                           .arg(side));
+        box.Snapshot(); // what is kept of the source follows
+        QTextCursor cursor = box.textCursor();
+        cursor.setPosition(anchor);
+        cursor.setPosition(caret, QTextCursor::KeepAnchor);
+        box.setTextCursor(cursor);
+        box.setSelText(with);
+        const QString source = box.TextRTF();
+        QCOMPARE(source.count(side), 2);
+        QCOMPARE(source.count(QStringLiteral("\\clcbpat")), 3);
+        QCOMPARE(source.count(QStringLiteral("\\cellx")), 3);
+        RichTextBox other;
+        other.setTextRTF(source);
+        QCOMPARE(other.TextRTF(), source);
+        QCOMPARE(other.Text(), box.Text());
     }
 
     void SelTextTakesTheFormatOfTheFirstSelectedCharacter() {
