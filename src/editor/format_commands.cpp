@@ -165,7 +165,7 @@ void FormatCommands::ChangeCase(QString (*convert)(const QString&)) {
     const int start = pane->SelStart();
     const int length = pane->SelLength();
     if (length > 0)
-        pane->setSelText(convert(pane->SelText()));
+        pane->ConvertSelText(convert);
     pane->setSelStart(start);
     pane->setSelLength(length);
     platform::SetFocus(pane);

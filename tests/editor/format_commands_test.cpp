@@ -269,6 +269,20 @@ private Q_SLOTS:
         QCOMPARE(pane->SelBold(), std::optional(true));
     }
 
+    void ConvertingTheCaseOfCellsKeepsTheirTextAndTheSelection() {
+        RichTextBox* pane = Edit(u""_qs, 0);
+        pane->setTextRTF(
+            u"{\\rtf1\\trowd\\cellx2000\\cellx4000\\intbl left\\cell right\\cell\\row\\pard x\\par}"_qs);
+        pane->setSelStart(2);
+        pane->setSelLength(6);
+        Run(u"btnUpper"_qs);
+        QVERIFY(pane->Text().contains(u"LEFT\nRIGHT\nx"_qs));
+        int row = 0, rows = 0, column = 0, columns = 0;
+        pane->textCursor().selectedTableCells(&row, &rows, &column, &columns);
+        QCOMPARE(column, 0);
+        QCOMPARE(columns, 2);
+    }
+
     void WithNothingSelectedTheCaseCommandsChangeNothing() {
         RichTextBox* pane = Edit(u"one Two"_qs, 3);
         const QString before = pane->TextRTF();

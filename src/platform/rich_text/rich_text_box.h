@@ -63,6 +63,10 @@ public:
     QString SelText() const;
     bool setSelText(const QString& text);
 
+    // Replaces the selected text by what `convert`, which keeps the length, makes of it, as setSelText()
+    // does; of selected cells each for itself.
+    void ConvertSelText(const std::function<QString(const QString&)>& convert);
+
     // The selection as the source of a document of its own, empty for none. Setting replaces the selection; a
     // source that is no rich text is inserted as SelText.
     QString SelRTF() const;

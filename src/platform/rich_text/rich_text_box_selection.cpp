@@ -81,6 +81,23 @@ bool RichTextBox::setSelText(const QString& text) {
     return true;
 }
 
+void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& convert) {
+    Edit edit(*this);
+    // the range of the selection holds but parts of the first and the last cell, and cells of other columns
+    QTextCursor cursor = textCursor();
+    const std::vector<QTextTableCell> cells = SelectedCells(cursor);
+    if (cells.empty()) {
+        setSelText(convert(SelText()));
+        return;
+    }
+    for (const QTextTableCell& cell : cells) {
+        cursor.setPosition(cell.firstPosition());
+        cursor.setPosition(cell.lastPosition(), QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+        setSelText(convert(SelText()));
+    }
+}
+
 QString RichTextBox::SelRTF() const {
     return QString::fromLatin1(WriteRtf(textCursor()));
 }

@@ -69,6 +69,26 @@ QTextBlock LastBlock(const QTextCursor& cursor) {
     return last;
 }
 
+std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
+    std::vector<QTextTableCell> cells;
+    const QTextTable* const table = selection.hasComplexSelection() ? selection.currentTable() : nullptr;
+    if (!table)
+        return cells;
+    int firstRow = 0;
+    int rows = 0;
+    int firstColumn = 0;
+    int columns = 0;
+    selection.selectedTableCells(&firstRow, &rows, &firstColumn, &columns);
+    for (int row = firstRow; row < firstRow + rows; ++row) {
+        for (int column = firstColumn; column < firstColumn + columns; ++column) {
+            if (const QTextTableCell cell = table->cellAt(row, column);
+                cell.row() == row && cell.column() == column)
+                cells.push_back(cell);
+        }
+    }
+    return cells;
+}
+
 QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document) {
     const QStringList families = format.fontFamilies().toStringList();
     return families.isEmpty() ? document.defaultFont().family() : families.first();
@@ -144,24 +164,6 @@ void PutBack(const std::vector<KeptFormat>& formats, QTextCursor cursor) {
     }
 }
 
-// The first paragraphs of the cells that begin in a selection of cells; Qt changes no others.
-std::vector<QTextBlock> FirstBlocksOfCells(const QTextCursor& selection, const QTextTable& table) {
-    int firstRow = 0;
-    int rows = 0;
-    int firstColumn = 0;
-    int columns = 0;
-    selection.selectedTableCells(&firstRow, &rows, &firstColumn, &columns);
-    std::vector<QTextBlock> blocks;
-    for (int row = firstRow; row < firstRow + rows; ++row) {
-        for (int column = firstColumn; column < firstColumn + columns; ++column) {
-            if (const QTextTableCell cell = table.cellAt(row, column);
-                cell.row() == row && cell.column() == column)
-                blocks.push_back(cell.firstCursorPosition().block());
-        }
-    }
-    return blocks;
-}
-
 } // namespace
 
 // Qt keeps the format of a paragraph's end with the end before it: there the paragraph behind a selection
@@ -177,7 +179,8 @@ void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change
     std::vector<KeptFormat> kept = HiddenFormats(document, from, to);
     std::vector<QTextBlock> missed;
     if (cells) {
-        missed = FirstBlocksOfCells(selection, *cells);
+        for (const QTextTableCell& cell : SelectedCells(selection)) // Qt changes no others
+            missed.push_back(cell.firstCursorPosition().block());
     } else if (first != behind) {
         missed.push_back(first);
         // the very last end cannot be selected: it goes with a selection that comes to it

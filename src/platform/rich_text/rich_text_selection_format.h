@@ -6,9 +6,11 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFormat>
+#include <QTextTable>
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -47,6 +49,9 @@ auto CommonCharValue(const QTextCursor& cursor, Read&& read)
 // The blocks that the selection touches: a selection that ends at the start of a paragraph does not touch it.
 QTextBlock FirstBlock(const QTextCursor& cursor);
 QTextBlock LastBlock(const QTextCursor& cursor);
+
+// The cells that begin in a selection of cells, row by row; none for any other selection.
+std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection);
 
 // The value that `read` gives for every paragraph of the selection.
 template <typename Read>

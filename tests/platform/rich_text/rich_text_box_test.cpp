@@ -201,6 +201,36 @@ private Q_SLOTS:
         QCOMPARE(other.Text(), box.Text());
     }
 
+    void TextConvertedInCellsStaysInThem_data() {
+        QTest::addColumn<int>("anchor");
+        QTest::addColumn<int>("caret");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("row") << 4 << 13 << QStringLiteral("top\nONE\nTWO\nAND\n\nto\nby\nend");
+        QTest::newRow("row, from the last") << 13 << 5 << QStringLiteral("top\nONE\nTWO\nAND\n\nto\nby\nend");
+        QTest::newRow("column") << 5 << 17 << QStringLiteral("top\nONE\nTWO\nand\n\nTO\nby\nend");
+        QTest::newRow("with an empty cell")
+            << 12 << 20 << QStringLiteral("top\none\ntwo\nAND\n\nto\nBY\nend");
+        QTest::newRow("in one cell") << 5 << 9 << QStringLiteral("top\noNE\nTwo\nand\n\nto\nby\nend");
+    }
+    void TextConvertedInCellsStaysInThem() {
+        QFETCH(int, anchor);
+        QFETCH(int, caret);
+        QFETCH(QString, text);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 top\\par\\trowd\\cellx3000\\cellx6000"
+                                      "\\intbl one\\par two\\cell and\\par\\cell\\row"
+                                      "\\trowd\\cellx3000\\cellx6000\\intbl to\\cell by\\cell\\row"
+                                      "\\pard end\\par}"));
+        QTextCursor cursor = box.textCursor();
+        cursor.setPosition(anchor);
+        cursor.setPosition(caret, QTextCursor::KeepAnchor);
+        box.setTextCursor(cursor);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        QCOMPARE(box.Text(), text);
+        QCOMPARE(changes.size(), 1);
+    }
+
     void SelTextTakesTheFormatOfTheFirstSelectedCharacter() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0 plain\\b bold\\b0 plain}"));
