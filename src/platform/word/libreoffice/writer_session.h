@@ -42,7 +42,7 @@ public:
 
     virtual bool Paste(const QByteArray& richText) = 0; // in place of the selection
     virtual bool SelectAll() = 0;
-    virtual bool SetFontColorAutomatic() = 0; // of the whole text; it must be selected
+    virtual bool SetFontColorAutomatic() = 0; // of the whole text, whatever is selected
     virtual bool GoToStart() = 0;
     virtual std::optional<QByteArray> SelectedRichText() = 0;
     virtual bool DeleteSelection() = 0;
