@@ -57,6 +57,8 @@ void VisitCharFormats(const QTextDocument& document, int from, int to,
     }
 }
 
+namespace {
+
 QTextBlock FirstBlock(const QTextCursor& cursor) {
     return cursor.document()->findBlock(cursor.selectionStart());
 }
@@ -68,6 +70,8 @@ QTextBlock LastBlock(const QTextCursor& cursor) {
         last = last.previous();
     return last;
 }
+
+} // namespace
 
 std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
     std::vector<QTextTableCell> cells;
@@ -87,6 +91,25 @@ std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
         }
     }
     return cells;
+}
+
+void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
+    const auto visitFrom = [&visit](QTextBlock block, const QTextBlock& last) {
+        for (; block.isValid(); block = block.next()) {
+            if (!visit(block))
+                return false;
+            if (block == last)
+                break;
+        }
+        return true;
+    };
+    const std::vector<QTextTableCell> cells = SelectedCells(selection);
+    if (cells.empty())
+        visitFrom(FirstBlock(selection), LastBlock(selection));
+    for (const QTextTableCell& cell : cells) {
+        if (!visitFrom(cell.firstCursorPosition().block(), cell.lastCursorPosition().block()))
+            return;
+    }
 }
 
 QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document) {
@@ -205,17 +228,20 @@ bool ChangeBlockFormats(const QTextCursor& selection,
                         bool& changed) {
     changed = false;
     const QTextDocument& document = *selection.document();
-    const QTextBlock first = FirstBlock(selection);
-    const QTextBlock end = LastBlock(selection).next();
     std::vector<std::pair<int, QTextBlockFormat>> formats;
-    for (QTextBlock block = first; block.isValid() && block != end; block = block.next()) {
+    bool refused = false;
+    VisitBlocks(selection, [&](const QTextBlock& block) {
         const std::optional<QTextBlockFormat> format = change(FileBlockFormat(block.blockFormat()));
-        if (!format)
+        refused = !format;
+        if (refused)
             return false;
         QTextBlockFormat shown = ShownBlockFormat(*format, FirstCharFormat(block), document);
         if (shown != block.blockFormat())
             formats.emplace_back(block.position(), std::move(shown));
-    }
+        return true;
+    });
+    if (refused)
+        return false;
     if (formats.empty())
         return true;
     QTextCursor cursor(selection);

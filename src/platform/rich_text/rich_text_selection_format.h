@@ -46,30 +46,33 @@ auto CommonCharValue(const QTextCursor& cursor, Read&& read)
     return common;
 }
 
-// The blocks that the selection touches: a selection that ends at the start of a paragraph does not touch it.
-QTextBlock FirstBlock(const QTextCursor& cursor);
-QTextBlock LastBlock(const QTextCursor& cursor);
-
 // The cells that begin in a selection of cells, row by row; none for any other selection.
 std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection);
+
+// Calls `visit` with each paragraph that the selection touches, of selected cells with all of theirs, until
+// it returns false. A selection that ends at the start of a paragraph does not touch it.
+void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
 
 // The value that `read` gives for every paragraph of the selection.
 template <typename Read>
 auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
     -> std::optional<decltype(read(QTextBlockFormat()))> {
-    const QTextBlock last = LastBlock(cursor);
-    QTextBlock block = FirstBlock(cursor);
-    auto common = read(block.blockFormat());
-    for (int known = block.blockFormatIndex(); block != last;) {
-        block = block.next();
-        if (!block.isValid())
-            break;
+    std::optional<decltype(read(QTextBlockFormat()))> common;
+    bool mixed = false;
+    int known = -1;
+    VisitBlocks(cursor, [&](const QTextBlock& block) {
         if (block.blockFormatIndex() == known)
-            continue;
+            return true;
         known = block.blockFormatIndex();
-        if (read(block.blockFormat()) != common)
-            return std::nullopt;
-    }
+        auto value = read(block.blockFormat());
+        if (!common)
+            common = std::move(value);
+        else
+            mixed = *common != value;
+        return !mixed;
+    });
+    if (mixed)
+        return std::nullopt;
     return common;
 }
 

@@ -380,6 +380,23 @@ private Q_SLOTS:
         QCOMPARE(box.SelAlignment(), number);
     }
 
+    void AlignmentOfAColumnIsOfItsCellsAlone() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 top\\par\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell "
+                                      "\\qr b\\cell\\row\\trowd\\cellx2000\\cellx4000\\pard\\intbl c\\par "
+                                      "d\\cell e\\cell\\row\\pard end\\par}"));
+        SelectCells(box, 5, 8);
+        QCOMPARE(box.SelAlignment(), 0);
+        QVERIFY(box.setSelAlignment(2));
+        QCOMPARE(box.SelAlignment(), 2);
+        QStringList alignments;
+        for (const int position : {0, 4, 6, 8, 10, 12, 14}) {
+            Select(box, position, 0);
+            alignments += QString::number(box.SelAlignment().value());
+        }
+        QCOMPARE(alignments.join(u' '), QStringLiteral("0 2 1 2 2 0 0"));
+    }
+
     void OtherAlignmentsAreRefused() {
         RichTextBox box;
         QVERIFY(!box.setSelAlignment(-1));
