@@ -93,6 +93,28 @@ std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
     return cells;
 }
 
+void VisitCharFormats(const QTextCursor& selection,
+                      const std::function<bool(const QTextCharFormat&)>& visit) {
+    const std::vector<QTextTableCell> cells = SelectedCells(selection);
+    if (cells.empty()) {
+        VisitCharFormats(*selection.document(), selection.selectionStart(), selection.selectionEnd(), visit);
+        return;
+    }
+    bool isEmpty = true;
+    bool goesOn = true;
+    const auto visitNext = [&](const QTextCharFormat& format) { return goesOn = visit(format); };
+    for (const QTextTableCell& cell : cells) {
+        if (goesOn && cell.firstPosition() < cell.lastPosition()) {
+            isEmpty = false;
+            VisitCharFormats(*selection.document(), cell.firstPosition(), cell.lastPosition(), visitNext);
+        }
+    }
+    for (const QTextTableCell& cell : cells) {
+        if (isEmpty && goesOn)
+            visitNext(cell.firstCursorPosition().block().charFormat());
+    }
+}
+
 void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
     const auto visitFrom = [&visit](QTextBlock block, const QTextBlock& last) {
         for (; block.isValid(); block = block.next()) {

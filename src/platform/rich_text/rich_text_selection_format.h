@@ -24,6 +24,9 @@ enum TextAlignment { AlignedLeft = 0, AlignedRight = 1, AlignedCenter = 2, Justi
 void VisitCharFormats(const QTextDocument& document, int from, int to,
                       const std::function<bool(const QTextCharFormat&)>& visit);
 
+// The same for the selection; of selected cells for all of their text, or, where they have none, their ends.
+void VisitCharFormats(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& visit);
+
 // The value that `read` gives for every character of the selection, or for what is typed next at a caret.
 template <typename Read>
 auto CommonCharValue(const QTextCursor& cursor, Read&& read)
@@ -32,15 +35,14 @@ auto CommonCharValue(const QTextCursor& cursor, Read&& read)
         return read(cursor.charFormat());
     std::optional<decltype(read(QTextCharFormat()))> common;
     bool mixed = false;
-    VisitCharFormats(*cursor.document(), cursor.selectionStart(), cursor.selectionEnd(),
-                     [&](const QTextCharFormat& format) {
-                         auto value = read(format);
-                         if (!common)
-                             common = std::move(value);
-                         else
-                             mixed = *common != value;
-                         return !mixed;
-                     });
+    VisitCharFormats(cursor, [&](const QTextCharFormat& format) {
+        auto value = read(format);
+        if (!common)
+            common = std::move(value);
+        else
+            mixed = *common != value;
+        return !mixed;
+    });
     if (mixed)
         return std::nullopt;
     return common;

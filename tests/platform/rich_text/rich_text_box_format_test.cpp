@@ -241,6 +241,23 @@ private Q_SLOTS:
         QCOMPARE(other.SelBold(), false);
     }
 
+    void AColumnReadsItsCellsAlone() {
+        RichTextBox box;
+        box.setTextRTF(
+            QStringLiteral("{\\rtf1 top\\par\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell "
+                           "\\b b\\b0\\cell\\row\\trowd\\cellx2000\\cellx4000\\pard\\intbl c\\cell "
+                           "\\b e\\b0\\cell\\row\\pard end\\par}"));
+        SelectCells(box, 5, 8);
+        QCOMPARE(box.SelBold(), false);
+        box.setSelBold(true);
+        QCOMPARE(box.SelBold(), true);
+        SelectCells(box, 4, 6);
+        QCOMPARE(box.SelBold(), true);
+        box.setSelBold(false);
+        SelectCells(box, 7, 9);
+        QCOMPARE(box.SelBold(), std::nullopt);
+    }
+
     void TheCaretReadsTheCharacterBeforeIt() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1 ab\\b cd}"));
