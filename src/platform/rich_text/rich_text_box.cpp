@@ -238,7 +238,7 @@ void RichTextBox::KeepFontOfEmptyBox(const QTextCharFormat& format) {
     QTextBlockFormat block = cursor.blockFormat();
     block.clearProperty(Filler); // it parts no tables now
     cursor.setBlockFormat(block);
-    cursor.setBlockCharFormat(TextOnlyFormat(format));
+    cursor.setBlockCharFormat(SeenFormat(format));
 }
 
 QString RichTextBox::Text() const {
@@ -260,7 +260,7 @@ bool RichTextBox::setText(const QString& text) {
     QTextCharFormat format;
     QTextBlockFormat blockFormat;
     if (document()->isEmpty()) {
-        format = TextOnlyFormat(textCursor().charFormat());
+        format = TypingFormat(textCursor());
         blockFormat = FileBlockFormat(document()->begin().blockFormat());
     }
     std::unique_ptr<QTextDocument> document = EmptyDocument();

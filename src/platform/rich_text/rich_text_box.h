@@ -186,7 +186,7 @@ private:
     void InsertText(const QString& text);
     void InsertParagraph();
     void InsertForeign(QTextDocument& source);
-    void FreeFiller();
+    void FitCaretForText();
     void KeepFontOfEmptyBox(const QTextCharFormat& format);
     void ShowChangedMarkers(int paragraphsAdded);
     void ScrollToCaret();

@@ -95,7 +95,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
                 event->accept();
                 return;
             }
-            FreeFiller();
+            FitCaretForText();
         }
     }
     const int caret = textCursor().position();
@@ -110,7 +110,7 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
         Q_EMIT CharacterPressed();
     Edit edit(*this);
     if (!event->commitString().isEmpty() && !isReadOnly())
-        FreeFiller();
+        FitCaretForText();
     // a text that is only being composed is none of the document's
     const bool isComposing =
         event->commitString().isEmpty() && event->replacementLength() == 0 && !textCursor().hasSelection();

@@ -10,6 +10,7 @@
 #include "platform/rich_text/rich_text_clipboard.h"
 #include "platform/rich_text/rich_text_file.h"
 #include "platform/rich_text/rich_text_markers.h"
+#include "platform/rich_text/rich_text_paragraph_format.h"
 #include "platform/rich_text/rich_text_plain.h"
 #include "platform/rich_text/rich_text_selection_format.h"
 #include "platform/rich_text/rtf_reader.h"
@@ -117,26 +118,25 @@ bool RichTextBox::setSelRTF(const QString& source) {
 
 // ---- inserting
 
-// An empty paragraph that only parts tables becomes one of the text.
-void RichTextBox::FreeFiller() {
+// Makes the caret's place one for text that is seen: an empty paragraph that only parts tables becomes one of
+// the text, and what is typed behind hidden text is not hidden.
+void RichTextBox::FitCaretForText() {
     QTextCursor cursor = textCursor();
-    const QTextBlock block = cursor.block();
-    if (cursor.hasSelection() || block.length() > 1 || !block.blockFormat().boolProperty(Filler))
+    if (cursor.hasSelection())
         return;
-    QTextBlockFormat format = block.blockFormat();
-    format.clearProperty(Filler);
-    QTextCharFormat text = block.charFormat();
-    text.clearProperty(QTextFormat::FontPointSize);
-    for (QTextBlock other = block.previous(); other.isValid(); other = other.previous()) {
-        if (!other.blockFormat().boolProperty(Filler)) {
-            text = TextOnlyFormat(FirstCharFormat(other));
-            break;
-        }
+    const QTextBlock block = cursor.block();
+    const bool isFiller = block.length() <= 1 && block.blockFormat().boolProperty(Filler);
+    if (!isFiller && !cursor.charFormat().boolProperty(HiddenText))
+        return;
+    const QTextCharFormat text = TypingFormat(cursor);
+    if (isFiller) {
+        QTextBlockFormat format = block.blockFormat();
+        format.clearProperty(Filler);
+        cursor.beginEditBlock();
+        cursor.setBlockFormat(format);
+        cursor.setBlockCharFormat(text);
+        cursor.endEditBlock();
     }
-    cursor.beginEditBlock();
-    cursor.setBlockFormat(format);
-    cursor.setBlockCharFormat(text);
-    cursor.endEditBlock();
     cursor.setCharFormat(text);
     setTextCursor(cursor);
 }
@@ -147,17 +147,15 @@ void RichTextBox::InsertText(const QString& text) {
     const QString plain = NormalizedText(text);
     if (plain.isEmpty() && !cursor.hasSelection())
         return;
-    FreeFiller();
+    FitCaretForText();
     cursor = textCursor();
-    QTextCharFormat format = cursor.charFormat();
+    QTextCharFormat format = TypingFormat(cursor);
     if (cursor.hasSelection()) {
-        VisitCharFormats(*document(), cursor.selectionStart(), cursor.selectionEnd(),
-                         [&format](const QTextCharFormat& first) {
-                             format = first;
-                             return false;
-                         });
+        VisitCharFormats(cursor, [&format](const QTextCharFormat& first) {
+            format = SeenFormat(first);
+            return false;
+        });
     }
-    format = TextOnlyFormat(format);
     // where several paragraphs are replaced, Qt would give the line behind the end of the first or of the
     // text
     const QTextBlock behind = document()->findBlock(cursor.selectionEnd());
@@ -185,7 +183,7 @@ void RichTextBox::InsertText(const QString& text) {
 // Enter: parts the paragraph; in an empty one of a list ends the list there.
 void RichTextBox::InsertParagraph() {
     Edit edit(*this);
-    FreeFiller();
+    FitCaretForText();
     QTextCursor cursor = textCursor();
     const QTextBlock block = cursor.block();
     if (!cursor.hasSelection() && block.length() <= 1 && block.blockFormat().hasProperty(BulletText)) {
@@ -193,7 +191,7 @@ void RichTextBox::InsertParagraph() {
         setSelHangingIndent(0);
         return;
     }
-    const QTextCharFormat format = TextOnlyFormat(cursor.charFormat());
+    const QTextCharFormat format = TypingFormat(cursor);
     cursor.beginEditBlock();
     cursor.removeSelectedText();
     const QTextBlock first = cursor.block();
@@ -207,7 +205,7 @@ void RichTextBox::InsertParagraph() {
 
 void RichTextBox::InsertForeign(QTextDocument& source) {
     Edit edit(*this);
-    FreeFiller();
+    FitCaretForText();
     FitWrapping(source.toRawText());
     QTextCursor cursor = textCursor();
     InsertDocument(cursor, source);
@@ -226,7 +224,9 @@ bool RichTextBox::SetCharFormat(const QTextCharFormat& change, bool isThere) {
         MergeCharFormat(cursor, change);
         return true;
     }
-    mergeCurrentCharFormat(change);
+    QTextCharFormat format = TypingFormat(cursor);
+    format.merge(change);
+    setCurrentCharFormat(format);
     if (document()->isEmpty()) {
         // nothing but the paragraph's end can hold the format while the caret is elsewhere
         QTextCursor all(document());

@@ -4,59 +4,14 @@
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextTable>
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_markers.h"
-#include "platform/rich_text/rtf_limits.h"
 
 namespace platform {
-namespace {
-
-int RoundToTwips(double pixels) {
-    return static_cast<int>(std::lround(PixelsToTwips(pixels)));
-}
-
-void SetOrClear(QTextBlockFormat& format, int property, double pixels) {
-    if (pixels != 0)
-        format.setProperty(property, pixels);
-    else
-        format.clearProperty(property);
-}
-
-} // namespace
-
-void VisitCharFormats(const QTextDocument& document, int from, int to,
-                      const std::function<bool(const QTextCharFormat&)>& visit) {
-    int known = -1;
-    const auto visitIndex = [&](int index, const auto& format) {
-        if (index == known)
-            return true;
-        known = index;
-        return visit(format());
-    };
-    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to;
-         block = block.next()) {
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment run = it.fragment();
-            if (run.position() + run.length() <= from)
-                continue;
-            if (run.position() >= to)
-                break;
-            if (!visitIndex(run.charFormatIndex(), [&run] { return run.charFormat(); }))
-                return;
-        }
-    }
-    if (known >= 0)
-        return;
-    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to;
-         block = block.next()) {
-        if (!visitIndex(block.charFormatIndex(), [&block] { return block.charFormat(); }))
-            return;
-    }
-}
-
 namespace {
 
 QTextBlock FirstBlock(const QTextCursor& cursor) {
@@ -93,26 +48,81 @@ std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
     return cells;
 }
 
+namespace {
+
+struct Range {
+    int from = 0;
+    int to = 0;
+};
+
+std::vector<Range> SelectedRanges(const QTextCursor& selection) {
+    std::vector<Range> ranges;
+    for (const QTextTableCell& cell : SelectedCells(selection))
+        ranges.push_back(
+            {cell.firstPosition(), cell.lastPosition() + 1}); // with the end of its last paragraph
+    if (ranges.empty())
+        ranges.push_back({selection.selectionStart(), selection.selectionEnd()});
+    return ranges;
+}
+
+// Visits what `standsBack` is false of, and the rest only where that is nothing.
+template <typename Each, typename StandsBack, typename Visit>
+bool VisitInTurn(const Each& each, const StandsBack& standsBack, const Visit& visit) {
+    bool visited = false;
+    for (const bool rest : {false, true}) {
+        each([&](const auto& item) {
+            if (standsBack(item) != rest)
+                return true;
+            visited = true;
+            return visit(item);
+        });
+        if (visited)
+            break;
+    }
+    return visited;
+}
+
+bool IsHidden(const QTextCharFormat& format) {
+    return format.boolProperty(HiddenText);
+}
+
+} // namespace
+
 void VisitCharFormats(const QTextCursor& selection,
                       const std::function<bool(const QTextCharFormat&)>& visit) {
-    const std::vector<QTextTableCell> cells = SelectedCells(selection);
-    if (cells.empty()) {
-        VisitCharFormats(*selection.document(), selection.selectionStart(), selection.selectionEnd(), visit);
-        return;
-    }
-    bool isEmpty = true;
-    bool goesOn = true;
-    const auto visitNext = [&](const QTextCharFormat& format) { return goesOn = visit(format); };
-    for (const QTextTableCell& cell : cells) {
-        if (goesOn && cell.firstPosition() < cell.lastPosition()) {
-            isEmpty = false;
-            VisitCharFormats(*selection.document(), cell.firstPosition(), cell.lastPosition(), visitNext);
+    const QTextDocument& document = *selection.document();
+    const std::vector<Range> ranges = SelectedRanges(selection);
+    const auto eachBlock = [&](const std::function<bool(const QTextBlock&, Range)>& visitBlock) {
+        for (const Range& range : ranges) {
+            for (QTextBlock block = document.findBlock(range.from);
+                 block.isValid() && block.position() < range.to; block = block.next()) {
+                if (!visitBlock(block, range))
+                    return;
+            }
         }
-    }
-    for (const QTextTableCell& cell : cells) {
-        if (isEmpty && goesOn)
-            visitNext(cell.firstCursorPosition().block().charFormat());
-    }
+    };
+    const auto eachRun = [&](const std::function<bool(const QTextCharFormat&)>& visitFormat) {
+        int known = -1;
+        eachBlock([&](const QTextBlock& block, Range range) {
+            for (auto it = block.begin(); !it.atEnd(); ++it) {
+                const QTextFragment run = it.fragment();
+                if (run.position() + run.length() <= range.from || run.charFormatIndex() == known)
+                    continue;
+                if (run.position() >= range.to)
+                    break;
+                known = run.charFormatIndex();
+                if (!visitFormat(run.charFormat()))
+                    return false;
+            }
+            return true;
+        });
+    };
+    const auto eachEnd = [&](const std::function<bool(const QTextBlock&)>& visitEnd) {
+        eachBlock([&](const QTextBlock& block, Range) { return visitEnd(block); });
+    };
+    if (VisitInTurn(eachRun, IsHidden, visit))
+        return;
+    VisitInTurn(eachEnd, IsStandIn, [&visit](const QTextBlock& block) { return visit(block.charFormat()); });
 }
 
 void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
@@ -132,6 +142,24 @@ void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QT
         if (!visitFrom(cell.firstCursorPosition().block(), cell.lastCursorPosition().block()))
             return;
     }
+}
+
+bool IsStandIn(const QTextBlock& block) {
+    if (block.length() > 1)
+        return false;
+    if (block.blockFormat().boolProperty(Filler))
+        return true;
+    const auto* const table = qobject_cast<const QTextTable*>(block.document()->frameAt(block.position()));
+    if (!table)
+        return false;
+    const QTextTableCell cell = table->cellAt(block.position());
+    return cell.isValid() && cell.format().boolProperty(CellFiller) &&
+           cell.firstPosition() == cell.lastPosition();
+}
+
+void VisitBlocksOfText(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
+    VisitInTurn([&selection](const auto& visitBlock) { VisitBlocks(selection, visitBlock); }, IsStandIn,
+                visit);
 }
 
 QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document) {
@@ -156,57 +184,70 @@ QRgb ColorOf(const QTextCharFormat& format) {
                                                                       : (brush.color().rgb() | 0xff000000U);
 }
 
-int AlignmentOf(const QTextBlockFormat& format) {
-    const Qt::Alignment alignment = format.alignment();
-    if (alignment.testFlag(Qt::AlignJustify))
-        return Justified;
-    if (alignment.testFlag(Qt::AlignHCenter))
-        return AlignedCenter;
-    if (alignment.testFlag(Qt::AlignRight))
-        return AlignedRight;
-    return AlignedLeft;
-}
-
 namespace {
 
-// What a change leaves as it is.
-struct KeptFormat {
-    int position = 0; // of characters, or of the paragraph whose end is meant
+// The format of characters, or of the end of a paragraph.
+struct PlacedFormat {
+    int position = 0; // of the characters, or where the paragraph begins
     int length = 0;   // 0 for the end of a paragraph
     QTextCharFormat format;
 };
 
-std::vector<KeptFormat> HiddenFormats(const QTextDocument& document, int from, int to) {
-    std::vector<KeptFormat> kept;
+std::vector<PlacedFormat> HiddenFormats(const QTextDocument& document, int from, int to) {
+    std::vector<PlacedFormat> hidden;
     for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (const QTextCharFormat end = block.charFormat(); end.boolProperty(HiddenText))
-            kept.push_back({block.position(), 0, end});
+        if (const QTextCharFormat end = block.charFormat(); IsHidden(end))
+            hidden.push_back({block.position(), 0, end});
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment run = it.fragment();
-            if (run.position() < to && run.position() + run.length() > from &&
-                run.charFormat().boolProperty(HiddenText))
-                kept.push_back({run.position(), run.length(), run.charFormat()});
+            const int start = std::max(run.position(), from);
+            const int length = std::min(run.position() + run.length(), to) - start;
+            if (length > 0 && IsHidden(run.charFormat()))
+                hidden.push_back({start, length, run.charFormat()});
         }
     }
-    return kept;
+    return hidden;
 }
 
-void SetEnd(const QTextBlock& block, const QTextCharFormat& format) {
-    if (block.charFormat() != format)
-        QTextCursor(block).setBlockCharFormat(format);
-}
-
-void PutBack(const std::vector<KeptFormat>& formats, QTextCursor cursor) {
-    for (const KeptFormat& kept : formats) {
-        if (kept.length == 0) {
-            SetEnd(cursor.document()->findBlock(kept.position), kept.format);
-            continue;
-        }
-        cursor.setPosition(kept.position);
-        cursor.setPosition(kept.position + kept.length, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(kept.format);
+std::vector<PlacedFormat> FillerEnds(const QTextDocument& document, int from, int to) {
+    std::vector<PlacedFormat> ends;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        if (block.length() == 1 && block.blockFormat().boolProperty(Filler))
+            ends.push_back({block.position(), 0, block.charFormat()});
     }
+    return ends;
+}
+
+QTextCharFormat FormatAt(const PlacedFormat& place, QTextCursor cursor) {
+    if (place.length == 0)
+        return cursor.document()->findBlock(place.position).charFormat();
+    cursor.setPosition(place.position + 1);
+    return cursor.charFormat();
+}
+
+void SetFormat(const PlacedFormat& placed, QTextCursor cursor) {
+    if (FormatAt(placed, cursor) == placed.format)
+        return;
+    cursor.setPosition(placed.position);
+    if (placed.length == 0) {
+        cursor.setBlockCharFormat(placed.format);
+        return;
+    }
+    cursor.setPosition(placed.position + placed.length, QTextCursor::KeepAnchor);
+    cursor.setCharFormat(placed.format);
+}
+
+// The format of hidden text with a change to how it looks when shown.
+QTextCharFormat ChangedUnseen(const QTextCharFormat& hidden, const QTextCharFormat& change) {
+    QTextCharFormat format = hidden;
+    format.merge(change);
+    format.setFontPointSize(hidden.fontPointSize());
+    format.setForeground(hidden.foreground());
+    if (change.hasProperty(QTextFormat::FontPointSize))
+        format.setProperty(HiddenSize, static_cast<int>(std::lround(change.fontPointSize() * 2)));
+    return format;
 }
 
 } // namespace
@@ -221,7 +262,8 @@ void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change
     const QTextBlock first = document.findBlock(from);
     const QTextBlock behind = document.findBlock(to);
 
-    std::vector<KeptFormat> kept = HiddenFormats(document, from, to);
+    const std::vector<PlacedFormat> hidden = HiddenFormats(document, from, to);
+    std::vector<PlacedFormat> kept = FillerEnds(document, from, to);
     std::vector<QTextBlock> missed;
     if (cells) {
         for (const QTextTableCell& cell : SelectedCells(selection)) // Qt changes no others
@@ -239,9 +281,14 @@ void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change
     for (const QTextBlock& block : missed) {
         QTextCharFormat format = block.charFormat();
         format.merge(change);
-        SetEnd(block, format);
+        SetFormat({block.position(), 0, format}, cursor);
     }
-    PutBack(kept, cursor);
+    for (const PlacedFormat& end : kept)
+        SetFormat(end, cursor);
+    for (const PlacedFormat& old : hidden) {
+        if (FormatAt(old, cursor) != old.format)
+            SetFormat({old.position, old.length, ChangedUnseen(old.format, change)}, cursor);
+    }
     cursor.endEditBlock();
 }
 
@@ -277,63 +324,6 @@ bool ChangeBlockFormats(const QTextCursor& selection,
     return true;
 }
 
-int IndentOf(const QTextBlockFormat& fileFormat) {
-    return RoundToTwips(fileFormat.leftMargin() + fileFormat.textIndent());
-}
-
-int HangingIndentOf(const QTextBlockFormat& fileFormat) {
-    return -RoundToTwips(fileFormat.textIndent());
-}
-
-std::optional<QTextBlockFormat> WithIndents(const QTextBlockFormat& fileFormat, int indent, int hanging) {
-    const qint64 left = qint64(indent) + hanging;
-    if (indent < 0 || left < 0 || indent > kMostTwips || left > kMostTwips)
-        return std::nullopt;
-    QTextBlockFormat format = fileFormat;
-    const double oldStart = format.leftMargin() + format.textIndent();
-    SetOrClear(format, QTextFormat::BlockLeftMargin, TwipsToPixels(double(left)));
-    SetOrClear(format, QTextFormat::TextIndent, TwipsToPixels(-hanging));
-
-    // tab stops stay where they are on the page; the stop at the left indent goes with it
-    QList<QTextOption::Tab> tabs;
-    const double newStart = TwipsToPixels(indent);
-    bool impliedLeft = fileFormat.textIndent() < 0;
-    for (QTextOption::Tab tab : fileFormat.tabPositions()) {
-        if (impliedLeft && tab.type == QTextOption::LeftTab &&
-            std::abs(tab.position + fileFormat.textIndent()) < 0.01) {
-            impliedLeft = false;
-            continue;
-        }
-        tab.position += oldStart - newStart;
-        if (tab.position > 0)
-            tabs.append(tab);
-    }
-    if (hanging > 0) {
-        const QTextOption::Tab stop(TwipsToPixels(hanging), QTextOption::LeftTab);
-        auto place = tabs.begin();
-        while (place != tabs.end() && place->position < stop.position)
-            ++place;
-        tabs.insert(place, stop);
-    }
-    if (tabs.isEmpty())
-        format.clearProperty(QTextFormat::TabPositions);
-    else
-        format.setTabPositions(tabs);
-    return format;
-}
-
-QTextBlockFormat WithBullet(const QTextBlockFormat& fileFormat, bool bullet) {
-    QTextBlockFormat format = fileFormat;
-    for (const int property : {int(BulletText), int(ListKind), int(ListOverride), int(ListLevel),
-                               int(ListStart), int(ListTextBefore), int(ListTextAfter)})
-        format.clearProperty(property);
-    if (bullet) {
-        format.setProperty(BulletText, QStringLiteral("\u2022"));
-        format.setProperty(ListKind, int(ListKinds::Bullet));
-    }
-    return format;
-}
-
 QTextCharFormat TextOnlyFormat(const QTextCharFormat& format) {
     if (!format.hasProperty(QTextFormat::ObjectType) && !format.hasProperty(EmbeddedObject))
         return format;
@@ -344,6 +334,34 @@ QTextCharFormat TextOnlyFormat(const QTextCharFormat& format) {
           int(EmbeddedObject), int(ObjectNumber), int(PictureWidth), int(PictureHeight)})
         text.clearProperty(property);
     return text;
+}
+
+QTextCharFormat SeenFormat(const QTextCharFormat& format) {
+    QTextCharFormat text = TextOnlyFormat(format);
+    if (IsHidden(text)) {
+        text.clearForeground();
+        text.setFontPointSize(format.intProperty(HiddenSize) / 2.0);
+        text.clearProperty(HiddenText);
+        text.clearProperty(HiddenSize);
+    }
+    return text;
+}
+
+QTextCharFormat TypingFormat(const QTextCursor& caret) {
+    const QTextBlock block = caret.block();
+    const bool isFiller = block.length() == 1 && block.blockFormat().boolProperty(Filler);
+    QTextCharFormat format = caret.charFormat();
+    const bool isUnset = format.hasProperty(QTextFormat::FontPointSize) && format.fontPointSize() < 1;
+    if (isFiller && isUnset) {
+        format.clearProperty(QTextFormat::FontPointSize);
+        for (QTextBlock other = block.previous(); other.isValid(); other = other.previous()) {
+            if (!other.blockFormat().boolProperty(Filler)) {
+                format = FirstCharFormat(other);
+                break;
+            }
+        }
+    }
+    return SeenFormat(format);
 }
 
 void FreeLooseFillers(QTextDocument& document, int from, int to) {

@@ -14,25 +14,22 @@
 
 namespace platform {
 
-// Alignment as a number. Justified text has a number of its own, so that it is neither taken for another
-// alignment nor lost.
-enum TextAlignment { AlignedLeft = 0, AlignedRight = 1, AlignedCenter = 2, Justified = 3 };
-
-// Calls `visit` with the format of each run of the characters from `from` up to `to`, one after the other,
-// leaving out runs with the same format as the run before; stops when it returns false. A range that holds
-// only ends of paragraphs gives their formats.
-void VisitCharFormats(const QTextDocument& document, int from, int to,
-                      const std::function<bool(const QTextCharFormat&)>& visit);
-
-// The same for the selection; of selected cells for all of their text, or, where they have none, their ends.
+// Calls `visit` with the format of each run of characters of the selection, of selected cells of theirs, one
+// after the other, leaving out runs with the same format as the run before; stops when it returns false.
+// Hidden text counts only where nothing else is selected. A selection that holds only ends of paragraphs
+// gives their formats.
 void VisitCharFormats(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& visit);
+
+// The format of what is typed at a caret: one of text that is seen, also behind hidden text and in a
+// paragraph that only a table needs.
+QTextCharFormat TypingFormat(const QTextCursor& caret);
 
 // The value that `read` gives for every character of the selection, or for what is typed next at a caret.
 template <typename Read>
 auto CommonCharValue(const QTextCursor& cursor, Read&& read)
     -> std::optional<decltype(read(QTextCharFormat()))> {
     if (!cursor.hasSelection())
-        return read(cursor.charFormat());
+        return read(TypingFormat(cursor));
     std::optional<decltype(read(QTextCharFormat()))> common;
     bool mixed = false;
     VisitCharFormats(cursor, [&](const QTextCharFormat& format) {
@@ -55,6 +52,13 @@ std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection);
 // it returns false. A selection that ends at the start of a paragraph does not touch it.
 void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
 
+// Whether an empty paragraph is none of the text: it stands where Qt needs one beside a table, or a cell in a
+// row that is shorter than the others.
+bool IsStandIn(const QTextBlock& block);
+
+// The same, leaving out the stand-ins where anything else is selected.
+void VisitBlocksOfText(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
+
 // The value that `read` gives for every paragraph of the selection.
 template <typename Read>
 auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
@@ -62,7 +66,7 @@ auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
     std::optional<decltype(read(QTextBlockFormat()))> common;
     bool mixed = false;
     int known = -1;
-    VisitBlocks(cursor, [&](const QTextBlock& block) {
+    VisitBlocksOfText(cursor, [&](const QTextBlock& block) {
         if (block.blockFormatIndex() == known)
             return true;
         known = block.blockFormatIndex();
@@ -82,10 +86,9 @@ auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
 QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document);
 double FontSizeOf(const QTextCharFormat& format, const QTextDocument& document);
 QRgb ColorOf(const QTextCharFormat& format);
-int AlignmentOf(const QTextBlockFormat& format);
 
-// Lays `change` over the characters and the ends of paragraphs of the selection. Hidden text keeps its
-// format, so that it stays unseen.
+// Lays `change` over the characters and the ends of paragraphs of the selection. Hidden text stays unseen:
+// what it would look like when shown is changed.
 void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change);
 
 // Gives each paragraph of the selection the format that `change` makes of its own, told as files have it;
@@ -95,17 +98,11 @@ bool ChangeBlockFormats(const QTextCursor& selection,
                         const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change,
                         bool& changed);
 
-// Indents in twips, as the box tells them: the first line's place, and how far the others stand right of it.
-int IndentOf(const QTextBlockFormat& fileFormat);
-int HangingIndentOf(const QTextBlockFormat& fileFormat);
-// Empty when a line would stand left of the margin.
-std::optional<QTextBlockFormat> WithIndents(const QTextBlockFormat& fileFormat, int indent, int hanging);
-
-// Makes a paragraph one of a list of bullets, or takes it out of any list.
-QTextBlockFormat WithBullet(const QTextBlockFormat& fileFormat, bool bullet);
-
 // A format for text, from one that may be of a picture or an object.
 QTextCharFormat TextOnlyFormat(const QTextCharFormat& format);
+
+// The same for text that is seen, from one that may be of hidden text.
+QTextCharFormat SeenFormat(const QTextCharFormat& format);
 
 // Makes the fillers that the positions `from` to `to` touch, and their neighbours, paragraphs of the text
 // where they part no tables any more.

@@ -31,23 +31,6 @@ void SelectCells(RichTextBox& box, int inFirst, int inLast) {
     box.setTextCursor(cursor);
 }
 
-// Whether all hidden text is drawn too small and too pale to be seen.
-bool IsHiddenUnseen(const RichTextBox& box) {
-    const auto isUnseen = [](const QTextCharFormat& format) {
-        return !format.boolProperty(platform::HiddenText) ||
-               (format.fontPointSize() < 1 && format.foreground().color().alpha() == 0);
-    };
-    for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
-        if (!isUnseen(block.charFormat()))
-            return false;
-        for (auto run = block.begin(); !run.atEnd(); ++run) {
-            if (!isUnseen(run.fragment().charFormat()))
-                return false;
-        }
-    }
-    return true;
-}
-
 } // namespace
 
 class RichTextBoxFormatTest final : public QObject {
@@ -330,50 +313,6 @@ private Q_SLOTS:
         box.setSnapshot(box.Snapshot());
         box.selectAll();
         QCOMPARE(box.SelFontName(), QStringLiteral("No Such Font"));
-    }
-
-    void HiddenTextStaysHidden() {
-        RichTextBox box;
-        box.setTextRTF(QStringLiteral("{\\rtf1 a\\v secret\\v0 b}"));
-        box.selectAll();
-        box.setSelFontSize(20);
-        box.setSelColor(Qt::red);
-        QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
-        Select(box, 1, 6);
-        QVERIFY(box.textCursor().charFormat().fontPointSize() < 1);
-    }
-
-    void HiddenTextStaysHiddenWhereverItStands_data() {
-        QTest::addColumn<QString>("source");
-        const QString end = QStringLiteral("{\\rtf1 %1{\\v\\par}%2\\par more\\par}");
-        QTest::newRow("first end of a paragraph") << end.arg(QString(), QStringLiteral("text"));
-        QTest::newRow("another end of a paragraph") << end.arg(QStringLiteral("text\\par "), QString());
-        QTest::newRow("last end of a paragraph") << QStringLiteral("{\\rtf1 text\\par{\\v\\par}}");
-        QTest::newRow("in several cells")
-            << SourceWithTable(QStringLiteral("a{\\v b}c"), QStringLiteral("{\\v d}e"));
-    }
-    void HiddenTextStaysHiddenWhereverItStands() {
-        QFETCH(QString, source);
-        RichTextBox box;
-        box.setTextRTF(source);
-        QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
-        box.selectAll();
-        box.setSelFontSize(20);
-        box.setSelColor(Qt::red);
-        QVERIFY(IsHiddenUnseen(box));
-        QVERIFY(box.TextRTF().contains(QStringLiteral("\\v")));
-    }
-
-    void HiddenTextStaysHiddenInSelectedCells() {
-        RichTextBox box;
-        box.setTextRTF(SourceWithTable(QStringLiteral("a{\\v b}c"), QStringLiteral("{\\v d}e")));
-        SelectCells(box, 8, 11);
-        QVERIFY(box.textCursor().hasComplexSelection());
-        box.setSelFontSize(20);
-        box.setSelColor(Qt::red);
-        QVERIFY(IsHiddenUnseen(box));
-        Select(box, 7, 1);
-        QCOMPARE(box.SelFontSize(), 20);
     }
 
     void Alignment_data() {
