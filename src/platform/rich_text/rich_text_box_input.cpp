@@ -109,11 +109,15 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     if (!event->commitString().isEmpty())
         Q_EMIT CharacterPressed();
     Edit edit(*this);
+    const bool hadSelection = textCursor().hasSelection();
+    const bool isTyping = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
+    if (isTyping && hadSelection && !isReadOnly())
+        InsertText(QString()); // what replaces it takes the format of its first character
     if (!event->commitString().isEmpty() && !isReadOnly())
         FitCaretForText();
     // a text that is only being composed is none of the document's
     const bool isComposing =
-        event->commitString().isEmpty() && event->replacementLength() == 0 && !textCursor().hasSelection();
+        event->commitString().isEmpty() && event->replacementLength() == 0 && !hadSelection;
     QTextEdit::inputMethodEvent(event);
     if (isComposing)
         edit.Forget();

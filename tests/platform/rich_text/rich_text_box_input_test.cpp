@@ -160,6 +160,40 @@ private Q_SLOTS:
         QCOMPARE(box.SelBold(), true);
     }
 
+    void CommittedTextOverASelectionTakesItsFirstFormat_data() {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<bool>("isComposed");
+        const QString hidden = QStringLiteral("{\\v ab}");
+        QTest::newRow("at once") << QStringLiteral("{\\i ab}") << false;
+        QTest::newRow("composed first") << QStringLiteral("{\\i ab}") << true;
+        QTest::newRow("at once, behind hidden text") << hidden << false;
+        QTest::newRow("composed first, behind hidden text") << hidden << true;
+    }
+    void CommittedTextOverASelectionTakesItsFirstFormat() {
+        QFETCH(QString, before);
+        QFETCH(bool, isComposed);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 %1{\\b cd}{\\fs40 ef}}").arg(before));
+        box.setFocus();
+        box.setSelStart(2);
+        box.setSelLength(3);
+        if (isComposed) {
+            QInputMethodEvent composing(QStringLiteral("xy"), {});
+            QCoreApplication::sendEvent(&box, &composing);
+            QCOMPARE(box.Text(), QStringLiteral("abf"));
+        }
+        QInputMethodEvent commit;
+        commit.setCommitString(QStringLiteral("\u5B57"));
+        QCoreApplication::sendEvent(&box, &commit);
+        QCOMPARE(box.Text(), QStringLiteral("ab\u5B57f"));
+        box.setSelStart(2);
+        box.setSelLength(1);
+        QCOMPARE(box.SelBold(), true);
+        QCOMPARE(box.SelItalic(), false);
+        QCOMPARE(box.SelFontSize(), 12);
+        QVERIFY(box.textCursor().charFormat().fontPointSize() > 1);
+    }
+
     void TextTypedBetweenTwoTablesIsReadable() {
         RichTextBox box;
         const QString table = QStringLiteral("\\trowd\\cellx3000\\intbl c\\cell\\row");
