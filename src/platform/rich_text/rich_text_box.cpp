@@ -79,7 +79,7 @@ RichTextBox::Edit::Edit(RichTextBox& box)
     m_blocksBefore = m_box.document()->blockCount();
     m_hadText = !m_box.document()->isEmpty();
     if (m_hadText)
-        m_formatBefore = m_box.textCursor().charFormat();
+        m_formatBefore = TypingFormat(m_box.textCursor());
 }
 
 RichTextBox::Edit::~Edit() {
@@ -238,7 +238,7 @@ void RichTextBox::KeepFontOfEmptyBox(const QTextCharFormat& format) {
     QTextBlockFormat block = cursor.blockFormat();
     block.clearProperty(Filler); // it parts no tables now
     cursor.setBlockFormat(block);
-    cursor.setBlockCharFormat(SeenFormat(format));
+    cursor.setBlockCharFormat(format);
 }
 
 QString RichTextBox::Text() const {

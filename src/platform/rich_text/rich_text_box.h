@@ -181,7 +181,8 @@ private:
     int VerticalMargin() const; // of the page, in pixels
     int SideMargin() const;
     void FitWrapping(const QString& newText);
-    bool SetCharFormat(const QTextCharFormat& change, bool isThere);
+    bool SetCharFormat(const QTextCharFormat& change,
+                       const std::function<bool(const QTextCharFormat&)>& isThere);
     bool ChangeBlocks(const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change);
     void InsertText(const QString& text);
     void InsertParagraph();

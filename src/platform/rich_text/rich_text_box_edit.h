@@ -25,7 +25,7 @@ public:
 private:
     RichTextBox& m_box;
     bool m_touchedBefore;
-    QTextCharFormat m_formatBefore; // of the caret, kept by the outermost guard of a box with text
+    QTextCharFormat m_formatBefore; // of what is typed, kept by the outermost guard of a box with text
     bool m_hadText = false;
     int m_blocksBefore = 0;
 };

@@ -30,6 +30,10 @@ bool HasEndOfItsOwn(const QTextBlock& block) {
            block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
 }
 
+bool IsBold(const QTextCharFormat& format) {
+    return format.fontWeight() > QFont::Medium;
+}
+
 } // namespace
 
 int RichTextBox::SelStart() const {
@@ -214,12 +218,13 @@ void RichTextBox::InsertForeign(QTextDocument& source) {
 
 // ---- formats of characters
 
-bool RichTextBox::SetCharFormat(const QTextCharFormat& change, bool isThere) {
-    if (isThere)
+bool RichTextBox::SetCharFormat(const QTextCharFormat& change,
+                                const std::function<bool(const QTextCharFormat&)>& isThere) {
+    const QTextCursor cursor = textCursor();
+    if (IsThroughout(cursor, isThere))
         return true;
     Edit edit(*this);
     edit.FormatSet();
-    const QTextCursor cursor = textCursor();
     if (cursor.hasSelection()) {
         MergeCharFormat(cursor, change);
         return true;
@@ -246,7 +251,9 @@ bool RichTextBox::setSelColor(const QColor& color) {
         return false;
     QTextCharFormat change;
     change.setForeground(QColor::fromRgb(color.rgb()));
-    return SetCharFormat(change, SelColor() == QColor::fromRgb(color.rgb()));
+    return SetCharFormat(change, [rgb = color.rgb() | 0xff000000U](const QTextCharFormat& format) {
+        return ColorOf(format) == rgb;
+    });
 }
 
 std::optional<QString> RichTextBox::SelFontName() const {
@@ -263,7 +270,8 @@ bool RichTextBox::setSelFontName(const QString& name) {
     change.setFontStyleHint(QFont::AnyStyle);
     change.setFontFixedPitch(false);
     change.setProperty(FontNumber, -1);
-    return SetCharFormat(change, SelFontName() == name);
+    return SetCharFormat(
+        change, [&](const QTextCharFormat& format) { return FontNameOf(format, *document()) == name; });
 }
 
 std::optional<double> RichTextBox::SelFontSize() const {
@@ -276,18 +284,18 @@ bool RichTextBox::setSelFontSize(double points) {
         return false;
     QTextCharFormat change;
     change.setFontPointSize(points);
-    return SetCharFormat(change, SelFontSize() == points);
+    return SetCharFormat(
+        change, [&](const QTextCharFormat& format) { return FontSizeOf(format, *document()) == points; });
 }
 
 std::optional<bool> RichTextBox::SelBold() const {
-    return CommonCharValue(textCursor(),
-                           [](const QTextCharFormat& format) { return format.fontWeight() > QFont::Medium; });
+    return CommonCharValue(textCursor(), IsBold);
 }
 
 bool RichTextBox::setSelBold(bool on) {
     QTextCharFormat change;
     change.setFontWeight(on ? QFont::Bold : QFont::Normal);
-    return SetCharFormat(change, SelBold() == on);
+    return SetCharFormat(change, [on](const QTextCharFormat& format) { return IsBold(format) == on; });
 }
 
 std::optional<bool> RichTextBox::SelItalic() const {
@@ -297,7 +305,7 @@ std::optional<bool> RichTextBox::SelItalic() const {
 bool RichTextBox::setSelItalic(bool on) {
     QTextCharFormat change;
     change.setFontItalic(on);
-    return SetCharFormat(change, SelItalic() == on);
+    return SetCharFormat(change, [on](const QTextCharFormat& format) { return format.fontItalic() == on; });
 }
 
 std::optional<bool> RichTextBox::SelStrikeThru() const {
@@ -309,19 +317,19 @@ bool RichTextBox::setSelStrikeThru(bool on) {
     QTextCharFormat change;
     change.setFontStrikeOut(on);
     change.setProperty(DoubleStrike, false);
-    return SetCharFormat(change, SelStrikeThru() == on);
+    return SetCharFormat(change,
+                         [on](const QTextCharFormat& format) { return format.fontStrikeOut() == on; });
 }
 
 std::optional<bool> RichTextBox::SelUnderline() const {
-    return CommonCharValue(textCursor(),
-                           [](const QTextCharFormat& format) { return format.fontUnderline(); });
+    return CommonCharValue(textCursor(), IsUnderlined);
 }
 
 bool RichTextBox::setSelUnderline(bool on) {
     QTextCharFormat change;
     change.setFontUnderline(on);
     change.setProperty(UnderlineKind, int(UnderlineKinds::Plain));
-    return SetCharFormat(change, SelUnderline() == on);
+    return SetCharFormat(change, [on](const QTextCharFormat& format) { return IsUnderlined(format) == on; });
 }
 
 // ---- formats of paragraphs

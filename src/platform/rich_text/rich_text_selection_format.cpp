@@ -125,7 +125,42 @@ void VisitCharFormats(const QTextCursor& selection,
     VisitInTurn(eachEnd, IsStandIn, [&visit](const QTextBlock& block) { return visit(block.charFormat()); });
 }
 
-void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
+bool IsThroughout(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& has) {
+    if (CommonCharValue(selection, has) != true)
+        return false;
+    if (!selection.hasSelection())
+        return true;
+    const QTextDocument& document = *selection.document();
+    const bool withLastEnd =
+        !selection.hasComplexSelection() && selection.selectionEnd() == document.characterCount() - 1;
+    for (const Range& range : SelectedRanges(selection)) {
+        for (QTextBlock block = document.findBlock(range.from);
+             block.isValid() && block.position() <= range.to; block = block.next()) {
+            const bool isSelected = block.position() < range.to || withLastEnd;
+            if (isSelected && block.length() <= 1 && !IsStandIn(block) && !IsHidden(block.charFormat()) &&
+                !has(block.charFormat()))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool IsStandIn(const QTextBlock& block) {
+    if (block.length() > 1)
+        return false;
+    if (block.blockFormat().boolProperty(Filler))
+        return true;
+    const auto* const table = qobject_cast<const QTextTable*>(block.document()->frameAt(block.position()));
+    if (!table)
+        return false;
+    const QTextTableCell cell = table->cellAt(block.position());
+    return cell.isValid() && cell.format().boolProperty(CellFiller) &&
+           cell.firstPosition() == cell.lastPosition();
+}
+
+namespace {
+
+void VisitAllBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
     const auto visitFrom = [&visit](QTextBlock block, const QTextBlock& last) {
         for (; block.isValid(); block = block.next()) {
             if (!visit(block))
@@ -144,21 +179,10 @@ void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QT
     }
 }
 
-bool IsStandIn(const QTextBlock& block) {
-    if (block.length() > 1)
-        return false;
-    if (block.blockFormat().boolProperty(Filler))
-        return true;
-    const auto* const table = qobject_cast<const QTextTable*>(block.document()->frameAt(block.position()));
-    if (!table)
-        return false;
-    const QTextTableCell cell = table->cellAt(block.position());
-    return cell.isValid() && cell.format().boolProperty(CellFiller) &&
-           cell.firstPosition() == cell.lastPosition();
-}
+} // namespace
 
-void VisitBlocksOfText(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
-    VisitInTurn([&selection](const auto& visitBlock) { VisitBlocks(selection, visitBlock); }, IsStandIn,
+void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit) {
+    VisitInTurn([&selection](const auto& visitBlock) { VisitAllBlocks(selection, visitBlock); }, IsStandIn,
                 visit);
 }
 
@@ -182,6 +206,11 @@ QRgb ColorOf(const QTextCharFormat& format) {
     const QBrush brush = format.foreground();
     return brush.style() == Qt::NoBrush || brush.color().alpha() == 0 ? qRgb(0, 0, 0)
                                                                       : (brush.color().rgb() | 0xff000000U);
+}
+
+bool IsUnderlined(const QTextCharFormat& format) {
+    const QTextCharFormat::UnderlineStyle style = format.underlineStyle();
+    return style != QTextCharFormat::NoUnderline && style != QTextCharFormat::SpellCheckUnderline;
 }
 
 namespace {

@@ -45,19 +45,20 @@ auto CommonCharValue(const QTextCursor& cursor, Read&& read)
     return common;
 }
 
+// Whether `has` is true of all that the formats of the selection are read from, and of its empty lines.
+bool IsThroughout(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& has);
+
 // The cells that begin in a selection of cells, row by row; none for any other selection.
 std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection);
-
-// Calls `visit` with each paragraph that the selection touches, of selected cells with all of theirs, until
-// it returns false. A selection that ends at the start of a paragraph does not touch it.
-void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
 
 // Whether an empty paragraph is none of the text: it stands where Qt needs one beside a table, or a cell in a
 // row that is shorter than the others.
 bool IsStandIn(const QTextBlock& block);
 
-// The same, leaving out the stand-ins where anything else is selected.
-void VisitBlocksOfText(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
+// Calls `visit` with each paragraph that the selection touches, of selected cells with all of theirs, until
+// it returns false; with stand-ins only where nothing else is selected. A selection that ends at the start of
+// a paragraph does not touch it.
+void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QTextBlock&)>& visit);
 
 // The value that `read` gives for every paragraph of the selection.
 template <typename Read>
@@ -66,7 +67,7 @@ auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
     std::optional<decltype(read(QTextBlockFormat()))> common;
     bool mixed = false;
     int known = -1;
-    VisitBlocksOfText(cursor, [&](const QTextBlock& block) {
+    VisitBlocks(cursor, [&](const QTextBlock& block) {
         if (block.blockFormatIndex() == known)
             return true;
         known = block.blockFormatIndex();
@@ -86,6 +87,7 @@ auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
 QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document);
 double FontSizeOf(const QTextCharFormat& format, const QTextDocument& document);
 QRgb ColorOf(const QTextCharFormat& format);
+bool IsUnderlined(const QTextCharFormat& format); // by a line of any kind
 
 // Lays `change` over the characters and the ends of paragraphs of the selection. Hidden text stays unseen:
 // what it would look like when shown is changed.

@@ -55,6 +55,26 @@ private Q_SLOTS:
         QCOMPARE(box.SelColor(), QColor(Qt::black));
     }
 
+    void EveryKindOfUnderlineCounts_data() {
+        QTest::addColumn<QString>("word");
+        for (const char* word : {"ul", "ulw", "uldb", "uld", "uldash", "uldashd", "ulwave", "ulth"})
+            QTest::newRow(word) << QString::fromLatin1(word);
+    }
+    void EveryKindOfUnderlineCounts() {
+        QFETCH(QString, word);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\%1 ab\\ul c}").arg(word));
+        Select(box, 0, 2);
+        QCOMPARE(box.SelUnderline(), true);
+        box.selectAll();
+        QCOMPARE(box.SelUnderline(), true);
+        QVERIFY(box.setSelUnderline(false));
+        QCOMPARE(box.SelUnderline(), false);
+        box.setTextRTF(box.TextRTF());
+        box.selectAll();
+        QCOMPARE(box.SelUnderline(), false);
+    }
+
     void AMixedSelectionHasNoValue() {
         RichTextBox box;
         box.setText(QStringLiteral("abcdef\nghi"));
@@ -153,6 +173,28 @@ private Q_SLOTS:
         QTest::keyClicks(&box, QStringLiteral("x"));
         Select(box, start, 1);
         QCOMPARE(box.SelBold(), true);
+    }
+
+    void AnEmptyLineTakesAFormatThatTheTextAroundItHas() {
+        RichTextBox box;
+        box.setTextRTF(
+            QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f1 Georgia;}}\\f0\\fs24 a\\par\\f1\\fs40\\par"
+                           "\\f0\\fs24 b\\par\\f1\\fs40}"));
+        box.selectAll();
+        QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+        QCOMPARE(box.SelFontSize(), 12);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.setSelFontName(QStringLiteral("Arial"));
+        box.setSelFontSize(12);
+        QCOMPARE(changes.count(), 2);
+        box.setSelFontName(QStringLiteral("Arial"));
+        box.setSelFontSize(12);
+        QCOMPARE(changes.count(), 2);
+        for (const int line : {2, 5}) {
+            box.setSelStart(line);
+            QCOMPARE(box.SelFontName(), QStringLiteral("Arial"));
+            QCOMPARE(box.SelFontSize(), 12);
+        }
     }
 
     void TheLastLineGoesWithASelectionOfAll() {

@@ -2,6 +2,7 @@
 // beside and in tables. Neither may stand in the way of a format of the selection.
 #include "platform/rich_text/rich_text_box.h"
 
+#include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
 
@@ -224,6 +225,45 @@ private Q_SLOTS:
         QVERIFY(!box.TextRTF().contains(QStringLiteral("\\v")));
         box.selectAll();
         QCOMPARE(box.SelFontSize(), 15);
+    }
+
+    void ABoxEmptiedOfATableGoesOnInItsFont() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\fs30%1}").arg(QString::fromLatin1(kRow)));
+        box.selectAll();
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QVERIFY(box.document()->isEmpty());
+        QCOMPARE(box.SelFontSize(), 15);
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        box.selectAll();
+        QCOMPARE(box.SelFontSize(), 15);
+    }
+
+    void WhatOnlyTablesNeedStaysAsItIs() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1%1\\trowd\\cellx2000\\pard\\intbl c\\cell\\row}")
+                           .arg(QString::fromLatin1(kRow)));
+        box.selectAll();
+        box.setSelAlignment(2);
+        box.setSelIndent(700);
+        box.setSelHangingIndent(350);
+        box.setSelBullet(true);
+        int paragraphs = 0;
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+            const bool isText = block.length() > 1;
+            paragraphs += isText ? 1 : 0;
+            QCOMPARE(block.blockFormat().hasProperty(platform::BulletText), isText);
+            QCOMPARE(block.blockFormat().alignment().testFlag(Qt::AlignHCenter), isText);
+        }
+        QCOMPARE(paragraphs, 3);
+        box.setTextRTF(box.TextRTF());
+        box.selectAll();
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.setSelAlignment(2);
+        box.setSelIndent(700);
+        box.setSelHangingIndent(350);
+        box.setSelBullet(true);
+        QCOMPARE(changes.count(), 0);
     }
 
     void WhatOnlyTablesNeedDoesNotCount_data() {
