@@ -7,6 +7,7 @@
 #include "tests/support/test_window.h"
 
 #include <QtWidgets>
+#include <utility>
 
 // The commands of the word processor over a real LibreOffice, to which something may happen on the way.
 namespace quillbrook {
@@ -61,12 +62,12 @@ public:
 
     std::unique_ptr<platform::WordApplication> CreateWordApplication(QWidget* window) override;
     void Before(const char* call) {
-        if (m_call == QLatin1String(call) && !m_happened) {
+        if (m_call == QLatin1String(call) && m_happen) {
+            std::exchange(m_happen, nullptr)(); // events may be handled before it is over
             m_happened = true;
-            m_happen();
         }
     }
-    bool Happened() const { return m_happened; }
+    bool Happened() const { return m_happened; } // and is over
 
 private:
     RealWriter& m_writer;

@@ -5,6 +5,7 @@
 #include "platform/word/word_clipboard.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QStorageInfo>
 #include <thread>
 
@@ -14,6 +15,9 @@ namespace {
 
 constexpr auto kPollPause = std::chrono::milliseconds(50);
 constexpr auto kPreviewPause = std::chrono::milliseconds(100);
+constexpr auto kActivationPause = std::chrono::milliseconds(20);
+constexpr int kActivationPolls = 10;
+constexpr int kActivations = 3;
 
 } // namespace
 
@@ -63,6 +67,14 @@ OfficeWordApplication::~OfficeWordApplication() {
 // Any call may have to wait until it is laid out. Four seconds for each million bytes are plenty.
 std::chrono::milliseconds OfficeWordApplication::Patience(std::chrono::milliseconds least) const {
     return least + std::chrono::milliseconds(m_documentBytes / 250);
+}
+
+// Lets the instance, and our own windows, go on for a while.
+void OfficeWordApplication::Wait(std::chrono::milliseconds pause) {
+    Does([pause](WriterSession&) {
+        std::this_thread::sleep_for(pause);
+        return true;
+    });
 }
 
 bool OfficeWordApplication::SetVisible(bool visible) {
@@ -134,8 +146,18 @@ bool OfficeWordApplication::SetPageSetup(PageLength length, float points) {
     return Does([length, points](WriterSession& session) { return session.SetPageLength(length, points); });
 }
 
+// A window manager that has just brought our own window to the front may drop the request.
 bool OfficeWordApplication::WindowsApplicationActivate() {
-    return Does([](WriterSession& session) { return session.Activate(); });
+    const auto isOursInFront = [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; };
+    for (int attempt = 0; attempt < kActivations; ++attempt) {
+        if (!Does([](WriterSession& session) { return session.Activate(); }))
+            return false;
+        for (int poll = 0; poll < kActivationPolls && isOursInFront(); ++poll)
+            Wait(kActivationPause);
+        if (!isOursInFront())
+            break;
+    }
+    return true;
 }
 
 bool OfficeWordApplication::ShowDialog(int dialog) {

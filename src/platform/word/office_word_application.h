@@ -61,6 +61,8 @@ private:
         return m_instance && m_instance->Call(work, patience).value_or(false);
     }
 
+    void Wait(std::chrono::milliseconds pause);
+
     std::unique_ptr<OfficeInstance> m_instance; // null after Quit
     QPointer<QWidget> m_window;
     WordList& m_words;

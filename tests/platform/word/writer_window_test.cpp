@@ -87,7 +87,7 @@ private Q_SLOTS:
         desk.window.services.wordProcessor.real = &accident;
         QVERIFY(desk.window.Show());
         bool inFront = false;
-        const auto look = [&inFront] { return inFront = TitleOfFrontWindow() == kWriterWindow; };
+        const auto look = [&inFront] { return inFront = inFront || TitleOfFrontWindow() == kWriterWindow; };
         if (preview) {
             const Meanwhile person([&, since = QElapsedTimer()]() mutable {
                 if (!accident.Happened())
