@@ -238,7 +238,9 @@ void RichTextBox::KeepFontOfEmptyBox(const QTextCharFormat& format) {
     QTextBlockFormat block = cursor.blockFormat();
     block.clearProperty(Filler); // it parts no tables now
     cursor.setBlockFormat(block);
-    cursor.setBlockCharFormat(format);
+    QTextCharFormat end = format;
+    end.clearProperty(FieldId);
+    cursor.setBlockCharFormat(end);
 }
 
 QString RichTextBox::Text() const {

@@ -122,17 +122,17 @@ bool RichTextBox::setSelRTF(const QString& source) {
 
 // ---- inserting
 
-// Makes the caret's place one for text that is seen: an empty paragraph that only parts tables becomes one of
-// the text, and what is typed behind hidden text is not hidden.
+// Makes the caret's place one for text: an empty paragraph that only parts tables becomes one of the text,
+// and the caret takes the format of what is typed there.
 void RichTextBox::FitCaretForText() {
     QTextCursor cursor = textCursor();
     if (cursor.hasSelection())
         return;
     const QTextBlock block = cursor.block();
     const bool isFiller = block.length() <= 1 && block.blockFormat().boolProperty(Filler);
-    if (!isFiller && !cursor.charFormat().boolProperty(HiddenText))
-        return;
     const QTextCharFormat text = TypingFormat(cursor);
+    if (!isFiller && text == cursor.charFormat())
+        return;
     if (isFiller) {
         QTextBlockFormat format = block.blockFormat();
         format.clearProperty(Filler);
@@ -170,6 +170,7 @@ void RichTextBox::InsertText(const QString& text) {
     FitWrapping(plain);
     cursor.beginEditBlock();
     cursor.removeSelectedText();
+    format = FormatInField(format, cursor);
     const int start = cursor.position();
     if (document()->isEmpty())
         cursor.setBlockCharFormat(format);
@@ -195,11 +196,15 @@ void RichTextBox::InsertParagraph() {
         setSelHangingIndent(0);
         return;
     }
-    const QTextCharFormat format = TypingFormat(cursor);
+    QTextCharFormat format = TypingFormat(cursor);
     cursor.beginEditBlock();
     cursor.removeSelectedText();
+    format = FormatInField(format, cursor);
     const QTextBlock first = cursor.block();
-    cursor.insertBlock(cursor.blockFormat(), format);
+    QTextCharFormat end = format;
+    if (!first.charFormat().hasProperty(FieldId))
+        end.clearProperty(FieldId);
+    cursor.insertBlock(cursor.blockFormat(), end);
     PartBreaks(first, cursor.block());
     cursor.endEditBlock();
     cursor.setCharFormat(format);

@@ -390,7 +390,29 @@ QTextCharFormat TypingFormat(const QTextCursor& caret) {
             }
         }
     }
-    return SeenFormat(format);
+    return FormatInField(SeenFormat(format), caret);
+}
+
+QTextCharFormat FormatInField(const QTextCharFormat& format, const QTextCursor& caret) {
+    if (!format.hasProperty(FieldId))
+        return format;
+    const QTextBlock block = caret.block();
+    const int inBlock = caret.position() - block.position();
+    QTextCursor behind(block); // of a character: there its format is read
+    const auto formatAt = [&](int position) {
+        behind.setPosition(position + 1);
+        return behind.charFormat();
+    };
+    const QTextCharFormat before =
+        inBlock > 0 ? formatAt(caret.position() - 1) : block.previous().charFormat();
+    const QTextCharFormat next =
+        inBlock < block.length() - 1 ? formatAt(caret.position()) : block.charFormat();
+    const int field = format.intProperty(FieldId);
+    if (before.intProperty(FieldId) == field && next.intProperty(FieldId) == field)
+        return format;
+    QTextCharFormat outside = format;
+    outside.clearProperty(FieldId);
+    return outside;
 }
 
 void FreeLooseFillers(QTextDocument& document, int from, int to) {

@@ -21,8 +21,12 @@ namespace platform {
 void VisitCharFormats(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& visit);
 
 // The format of what is typed at a caret: one of text that is seen, also behind hidden text and in a
-// paragraph that only a table needs.
+// paragraph that only a table needs, and one of a field's result only inside of it.
 QTextCharFormat TypingFormat(const QTextCursor& caret);
+
+// A format that text inserted at a caret is to have, outside of the field that it may be of where the caret
+// does not stand in that field's result: a word processor writes results anew.
+QTextCharFormat FormatInField(const QTextCharFormat& format, const QTextCursor& caret);
 
 // The value that `read` gives for every character of the selection, or for what is typed next at a caret.
 template <typename Read>
