@@ -241,8 +241,7 @@ std::unique_ptr<QMimeData> MimeOfSelection(const QTextCursor& selection) {
     const QByteArray source = WriteRtf(selection);
     for (const char* name : kRtfNames)
         data->setData(QLatin1String(name), source);
-    const QTextDocumentFragment fragment(selection);
-    data->setHtml(fragment.toHtml());
+    data->setHtml(QTextDocumentFragment(WithWholeCells(selection)).toHtml());
     data->setText(PlainText(*selection.document())
                       .mid(selection.selectionStart(), selection.selectionEnd() - selection.selectionStart())
                       .remove(QChar(QChar::ObjectReplacementCharacter)));

@@ -26,6 +26,25 @@ QTextBlock LastBlock(const QTextCursor& cursor) {
     return last;
 }
 
+// What a selection of cells covers of its table, with the last ones.
+struct CellRange {
+    int first = 0;
+    int last = 0;
+    int firstColumn = 0;
+    int lastColumn = 0;
+    bool operator==(const CellRange&) const = default;
+};
+
+CellRange SelectedRange(const QTextCursor& selection) {
+    CellRange range;
+    int count = 0;
+    int columns = 0;
+    selection.selectedTableCells(&range.first, &count, &range.firstColumn, &columns);
+    range.last = range.first + count - 1;
+    range.lastColumn = range.firstColumn + columns - 1;
+    return range;
+}
+
 } // namespace
 
 std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
@@ -33,19 +52,39 @@ std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection) {
     const QTextTable* const table = selection.hasComplexSelection() ? selection.currentTable() : nullptr;
     if (!table)
         return cells;
-    int firstRow = 0;
-    int rows = 0;
-    int firstColumn = 0;
-    int columns = 0;
-    selection.selectedTableCells(&firstRow, &rows, &firstColumn, &columns);
-    for (int row = firstRow; row < firstRow + rows; ++row) {
-        for (int column = firstColumn; column < firstColumn + columns; ++column) {
+    const CellRange range = SelectedRange(selection);
+    for (int row = range.first; row <= range.last; ++row) {
+        for (int column = range.firstColumn; column <= range.lastColumn; ++column) {
             if (const QTextTableCell cell = table->cellAt(row, column);
                 cell.row() == row && cell.column() == column)
                 cells.push_back(cell);
         }
     }
     return cells;
+}
+
+QTextCursor WithWholeCells(const QTextCursor& selection) {
+    const QTextTable* const table = selection.hasComplexSelection() ? selection.currentTable() : nullptr;
+    if (!table)
+        return selection;
+    CellRange range = SelectedRange(selection);
+    for (bool isWhole = false; !isWhole;) {
+        const CellRange old = range;
+        for (int row = old.first; row <= old.last; ++row) {
+            for (int column = old.firstColumn; column <= old.lastColumn; ++column) {
+                const QTextTableCell cell = table->cellAt(row, column);
+                range.first = std::min(range.first, cell.row());
+                range.last = std::max(range.last, cell.row() + cell.rowSpan() - 1);
+                range.firstColumn = std::min(range.firstColumn, cell.column());
+                range.lastColumn = std::max(range.lastColumn, cell.column() + cell.columnSpan() - 1);
+            }
+        }
+        isWhole = range == old;
+    }
+    QTextCursor whole(selection);
+    whole.setPosition(table->cellAt(range.first, range.firstColumn).firstPosition());
+    whole.setPosition(table->cellAt(range.last, range.lastColumn).firstPosition(), QTextCursor::KeepAnchor);
+    return whole;
 }
 
 namespace {

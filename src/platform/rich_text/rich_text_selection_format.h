@@ -55,6 +55,10 @@ bool IsThroughout(const QTextCursor& selection, const std::function<bool(const Q
 // The cells that begin in a selection of cells, row by row; none for any other selection.
 std::vector<QTextTableCell> SelectedCells(const QTextCursor& selection);
 
+// A selection of cells with the whole of the cells that reach into it from outside; any other selection as it
+// is. Qt breaks down over a copy of cells where part of one is missing.
+QTextCursor WithWholeCells(const QTextCursor& selection);
+
 // Whether an empty paragraph is none of the text: it stands where Qt needs one beside a table, or a cell in a
 // row that is shorter than the others.
 bool IsStandIn(const QTextBlock& block);

@@ -7,6 +7,7 @@
 #include <QTextFrame>
 
 #include "platform/rich_text/document_model.h"
+#include "platform/rich_text/rich_text_selection_format.h"
 #include "platform/rich_text/rtf_body_writer.h"
 #include "platform/rich_text/rtf_header_writer.h"
 
@@ -92,7 +93,7 @@ QByteArray WriteRtf(const QTextDocument& document) {
 QByteArray WriteRtf(const QTextCursor& selection) {
     if (!selection.hasSelection())
         return {};
-    const std::unique_ptr<QTextDocument> document = DocumentOf(selection);
+    const std::unique_ptr<QTextDocument> document = DocumentOf(WithWholeCells(selection));
     return WriteRtf(*document);
 }
 

@@ -10,6 +10,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <QTextTable>
 
 #include "platform/rich_text/rich_text_box.h"
 
@@ -372,6 +373,44 @@ private Q_SLOTS:
         box.setReadOnly(true);
         box.paste();
         QCOMPARE(box.Text(), QStringLiteral("a"));
+    }
+
+    void CellsThatReachIntoASelectionOfCellsGoWithIt_data() {
+        QTest::addColumn<QString>("row");
+        QTest::addColumn<QString>("copied");
+        QTest::addColumn<int>("rows");
+        QTest::newRow("a merged cell") << QStringLiteral("\\cellx2000\\cellx6000\\intbl d\\cell e\\cell\\row")
+                                       << QStringLiteral("bcehi") << 3;
+        QTest::newRow("a row that is shorter")
+            << QStringLiteral("\\cellx2000\\intbl d\\cell\\row") << QStringLiteral("bchi") << 2;
+    }
+    void CellsThatReachIntoASelectionOfCellsGoWithIt() {
+        QFETCH(QString, row);
+        QFETCH(QString, copied);
+        QFETCH(int, rows);
+        const QString whole =
+            QStringLiteral("\\trowd\\cellx2000\\cellx4000\\cellx6000\\intbl %1\\cell %2\\cell "
+                           "%3\\cell\\row");
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\pard top\\par") +
+                       whole.arg(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")) +
+                       QStringLiteral("\\trowd") + row +
+                       whole.arg(QStringLiteral("g"), QStringLiteral("h"), QStringLiteral("i")) +
+                       QStringLiteral("\\pard end\\par}"));
+        QTextCursor cursor = box.textCursor();
+        cursor.setPosition(int(box.Text().indexOf(u'c')));
+        cursor.setPosition(int(box.Text().indexOf(u'i')), QTextCursor::KeepAnchor);
+        QVERIFY(cursor.hasComplexSelection());
+        box.setTextCursor(cursor);
+        box.copy();
+        RichTextBox other;
+        QVERIFY(other.setTextRTF(Clipboard().data(QStringLiteral("text/rtf"))));
+        QCOMPARE(other.Text().remove(u'\n'), copied);
+        const auto* const table =
+            qobject_cast<QTextTable*>(other.document()->rootFrame()->childFrames().value(0));
+        QVERIFY(table);
+        QCOMPARE(table->rows(), rows);
+        QCOMPARE(table->columns(), 2);
     }
 };
 
