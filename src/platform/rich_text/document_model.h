@@ -42,6 +42,9 @@ constexpr double PixelsToTwips(double pixels) {
     return pixels * kTwipsPerPixel;
 }
 
+// The size of a Filler's end in points, which no file tells: half points are the least there.
+constexpr double kFillerPoints = 0.75;
+
 // Properties of characters.
 enum CharProperty {
     HiddenText = QTextFormat::UserProperty + 1, // bool: hidden text (\v); kept, not shown

@@ -415,19 +415,29 @@ QTextCharFormat SeenFormat(const QTextCharFormat& format) {
     return text;
 }
 
+namespace {
+
+bool IsOfFiller(const QTextCharFormat& end) {
+    return end.fontPointSize() == kFillerPoints && !IsHidden(end);
+}
+
+} // namespace
+
 QTextCharFormat TypingFormat(const QTextCursor& caret) {
     const QTextBlock block = caret.block();
-    const bool isFiller = block.length() == 1 && block.blockFormat().boolProperty(Filler);
     QTextCharFormat format = caret.charFormat();
-    const bool isUnset = format.hasProperty(QTextFormat::FontPointSize) && format.fontPointSize() < 1;
-    if (isFiller && isUnset) {
+    if (block.length() == 1 && IsOfFiller(format)) {
         format.clearProperty(QTextFormat::FontPointSize);
-        for (QTextBlock other = block.previous(); other.isValid(); other = other.previous()) {
-            if (!other.blockFormat().boolProperty(Filler)) {
-                format = FirstCharFormat(other);
-                break;
-            }
-        }
+        QTextBlock other = block.previous();
+        while (other.isValid() && other.blockFormat().boolProperty(Filler))
+            other = other.previous();
+        if (other.isValid())
+            format = FirstCharFormat(other);
+        // neither the link of other text nor the shade of a cell
+        for (const int property :
+             {int(QTextFormat::IsAnchor), int(QTextFormat::AnchorHref), int(QTextFormat::AnchorName),
+              int(QTextFormat::BackgroundBrush), int(QTextFormat::TextVerticalAlignment)})
+            format.clearProperty(property);
     }
     return FormatInField(SeenFormat(format), caret);
 }
@@ -460,8 +470,13 @@ void FreeLooseFillers(QTextDocument& document, int from, int to) {
         block = block.previous();
     for (bool isBehind = false; block.isValid() && !isBehind; block = block.next()) {
         isBehind = block.position() > to;
-        if (!block.blockFormat().boolProperty(Filler))
+        QTextCursor cursor(block);
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        if (!block.blockFormat().boolProperty(Filler)) {
+            if (IsOfFiller(block.charFormat())) // it took in the end of one
+                cursor.setBlockCharFormat(TypingFormat(cursor));
             continue;
+        }
         const QTextFrame* const frame = document.frameAt(block.position());
         const auto isText = [&document, frame](const QTextBlock& other) {
             return !other.isValid() || document.frameAt(other.position()) == frame;
@@ -470,11 +485,8 @@ void FreeLooseFillers(QTextDocument& document, int from, int to) {
             continue;
         QTextBlockFormat format = block.blockFormat();
         format.clearProperty(Filler);
-        QTextCharFormat text = block.charFormat();
-        text.clearProperty(QTextFormat::FontPointSize);
-        QTextCursor cursor(block);
         cursor.setBlockFormat(format);
-        cursor.setBlockCharFormat(text);
+        cursor.setBlockCharFormat(TypingFormat(cursor));
     }
 }
 

@@ -115,7 +115,7 @@ QTextCharFormat TextOnlyFormat(const QTextCharFormat& format);
 QTextCharFormat SeenFormat(const QTextCharFormat& format);
 
 // Makes the fillers that the positions `from` to `to` touch, and their neighbours, paragraphs of the text
-// where they part no tables any more.
+// where they part no tables any more, and gives paragraphs that took in the end of one a size.
 void FreeLooseFillers(QTextDocument& document, int from, int to);
 
 // Paragraphs that arose by parting one, the blocks from `first` to `last`, share its format: a page break is

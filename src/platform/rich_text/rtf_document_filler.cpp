@@ -98,7 +98,7 @@ void RtfDocumentFiller::MarkFiller() {
     QTextBlockFormat format;
     format.setProperty(Filler, true);
     QTextCharFormat small;
-    small.setFontPointSize(0.75);
+    small.setFontPointSize(kFillerPoints);
     m_cursor.setBlockFormat(format);
     if (!AtCellStart())
         m_cursor.setBlockCharFormat(small);

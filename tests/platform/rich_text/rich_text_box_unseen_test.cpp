@@ -239,6 +239,32 @@ private Q_SLOTS:
         QCOMPARE(box.SelFontSize(), 15);
     }
 
+    void WhatIsTypedInTheLineThatADeletedTableLeavesIsReadable_data() {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<int>("length");
+        const QString row = QString::fromLatin1(kRow);
+        QTest::newRow("an empty line behind it")
+            << QStringLiteral("{\\rtf1\\fs30%1\\pard\\par end\\par}").arg(row) << 6;
+        QTest::newRow("text behind it") << QStringLiteral("{\\rtf1\\fs30%1\\pard end\\par}").arg(row) << 8;
+    }
+    void WhatIsTypedInTheLineThatADeletedTableLeavesIsReadable() {
+        QFETCH(QString, source);
+        QFETCH(int, length);
+        RichTextBox box;
+        box.setTextRTF(source);
+        Select(box, 0, length);
+        QTest::keyClick(&box, Qt::Key_Delete);
+        QVERIFY(!box.Text().contains(u'a'));
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+            QVERIFY(!block.charFormat().hasProperty(QTextFormat::FontPointSize) ||
+                    block.charFormat().fontPointSize() > 1);
+        }
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        Select(box, 0, 1);
+        QCOMPARE(box.SelText(), QStringLiteral("x"));
+        QVERIFY(*box.SelFontSize() > 1);
+    }
+
     void WhatOnlyTablesNeedStaysAsItIs() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1%1\\trowd\\cellx2000\\pard\\intbl c\\cell\\row}")
@@ -343,6 +369,19 @@ private Q_SLOTS:
         Select(box, behind, 1);
         QCOMPARE(box.SelFontSize(), 15);
         QCOMPARE(box.SelBold(), true);
+    }
+
+    void WhatIsTypedBehindATableTakesNoShadeOfItsCells() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1{\\colortbl;\\red255\\green0\\blue0;}\\fs30\\trowd\\cellx2000"
+                                      "\\clcbpat1\\cellx4000\\pard\\intbl a\\cell\\cell\\row}"));
+        const int behind = box.document()->lastBlock().position();
+        box.setSelStart(behind);
+        QTest::keyClicks(&box, QStringLiteral("x"));
+        Select(box, behind, 1);
+        QCOMPARE(box.SelText(), QStringLiteral("x"));
+        QCOMPARE(box.SelFontSize(), 15);
+        QCOMPARE(box.textCursor().charFormat().background().style(), Qt::NoBrush);
     }
 
     void AFormatSetBeforeATableIsForWhatIsTypedNext() {
