@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/rich_text/rich_text_typing_format.h"
+
 namespace platform {
 
 // Calls `visit` with the format of each run of characters of the selection, of selected cells of theirs, one
@@ -19,14 +21,6 @@ namespace platform {
 // Hidden text counts only where nothing else is selected. A selection that holds only ends of paragraphs
 // gives their formats.
 void VisitCharFormats(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& visit);
-
-// The format of what is typed at a caret: one of text that is seen, also behind hidden text and in a
-// paragraph that only a table needs, and one of a field's result only inside of it.
-QTextCharFormat TypingFormat(const QTextCursor& caret);
-
-// A format that text inserted at a caret is to have, outside of the field that it may be of where the caret
-// does not stand in that field's result: a word processor writes results anew.
-QTextCharFormat FormatInField(const QTextCharFormat& format, const QTextCursor& caret);
 
 // The value that `read` gives for every character of the selection, or for what is typed next at a caret.
 template <typename Read>
@@ -107,16 +101,6 @@ void MergeCharFormat(const QTextCursor& selection, const QTextCharFormat& change
 bool ChangeBlockFormats(const QTextCursor& selection,
                         const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change,
                         bool& changed);
-
-// A format for text, from one that may be of a picture or an object.
-QTextCharFormat TextOnlyFormat(const QTextCharFormat& format);
-
-// The same for text that is seen, from one that may be of hidden text.
-QTextCharFormat SeenFormat(const QTextCharFormat& format);
-
-// Makes the fillers that the positions `from` to `to` touch, and their neighbours, paragraphs of the text
-// where they part no tables any more, and gives paragraphs that took in the end of one a size.
-void FreeLooseFillers(QTextDocument& document, int from, int to);
 
 // Paragraphs that arose by parting one, the blocks from `first` to `last`, share its format: a page break is
 // left to the first, a section's end to the last.
