@@ -172,7 +172,13 @@ void RichTextBox::InsertText(const QString& text) {
     cursor.removeSelectedText();
     format = FormatInField(format, cursor);
     const int start = cursor.position();
-    if (document()->isEmpty())
+    const bool wasFiller = !plain.isEmpty() && cursor.blockFormat().boolProperty(Filler);
+    if (wasFiller) { // what the selection left of its tables; else the new lines would be fillers, too
+        QTextBlockFormat block = cursor.blockFormat();
+        block.clearProperty(Filler);
+        cursor.setBlockFormat(block);
+    }
+    if (document()->isEmpty() || (wasFiller && HasEndOfItsOwn(cursor.block())))
         cursor.setBlockCharFormat(format);
     cursor.insertText(plain, format);
     // at the start of a cell the format is the cell's as well, with its span and borders

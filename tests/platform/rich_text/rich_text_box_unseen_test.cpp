@@ -265,6 +265,39 @@ private Q_SLOTS:
         QVERIFY(*box.SelFontSize() > 1);
     }
 
+    void TextThatReplacesTablesKeepsItsEmptyLines_data() {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("text");
+        const QString row = QString::fromLatin1(kRow);
+        const QString emptyCells =
+            QStringLiteral("{\\rtf1\\fs30\\trowd\\cellx2000\\cellx4000\\pard\\intbl\\cell"
+                           " b\\cell\\row\\pard end\\par}");
+        QTest::newRow("a form that begins with a table") << emptyCells << QStringLiteral("\n\nB\nEND");
+        QTest::newRow("a form of one table")
+            << QStringLiteral("{\\rtf1\\fs30%1}").arg(row) << QStringLiteral("\nA\nB\n");
+        QTest::newRow("a form that ends with a table")
+            << QStringLiteral("{\\rtf1\\fs30 x\\par\\par y\\par%1}").arg(row)
+            << QStringLiteral("X\n\nY\nA\nB\n");
+        QTest::newRow("a longer text") << emptyCells << QStringLiteral("one\n\n\ntwo\n\nthree\nfour");
+    }
+    void TextThatReplacesTablesKeepsItsEmptyLines() {
+        QFETCH(QString, source);
+        QFETCH(QString, text);
+        RichTextBox box;
+        box.setTextRTF(source);
+        box.selectAll();
+        box.ConvertSelText([&text](const QString&) { return text; });
+        QCOMPARE(box.Text(), text);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QCOMPARE(other.Text(), text);
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+            box.setSelStart(block.position());
+            QCOMPARE(box.SelFontSize(), 15);
+            QCOMPARE(block.charFormat().fontPointSize(), 15);
+        }
+    }
+
     void WhatOnlyTablesNeedStaysAsItIs() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1%1\\trowd\\cellx2000\\pard\\intbl c\\cell\\row}")
