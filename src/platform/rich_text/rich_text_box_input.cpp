@@ -87,6 +87,11 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
             event->accept();
             return;
         }
+        const bool isLineBreak = event->matches(QKeySequence::InsertLineSeparator);
+        if (isLineBreak && cursor.hasSelection())
+            InsertText(QString()); // the break takes the format of its first character
+        if (isLineBreak)
+            FitCaretForText();
         if (TypesText(*event)) {
             // in the format of the first character of what it replaces, like all text
             if (cursor.hasSelection() || cursor.charFormat().hasProperty(QTextFormat::ObjectType) ||

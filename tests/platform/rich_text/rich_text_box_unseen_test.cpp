@@ -298,6 +298,43 @@ private Q_SLOTS:
         }
     }
 
+    void ALineBreakIsTypedLikeText_data() {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("length");
+        QTest::addColumn<QString>("expected");
+        const QString field = QStringLiteral("{\\rtf1 a{\\field{\\*\\fldinst PAGE}{\\fldrslt 12}}b\\par}");
+        QTest::newRow("behind hidden text")
+            << QStringLiteral("{\\rtf1 a{\\v secret}b\\par}") << 7 << 0 << QStringLiteral("\\v0\\line b");
+        QTest::newRow("behind a field") << field << 3 << 0 << QStringLiteral("12}}\\line b");
+        QTest::newRow("over a field") << field << 1 << 2 << QStringLiteral("a\\line b");
+        QTest::newRow("before a table")
+            << QStringLiteral("{\\rtf1\\fs30%1\\pard end\\par}").arg(QString::fromLatin1(kRow)) << 0 << 0
+            << QStringLiteral("\\fs24\\line\\par");
+        QTest::newRow("behind a shape")
+            << QStringLiteral("{\\rtf1 a{\\shp{\\*\\shpinst\\shpleft0}}b\\par}") << 2 << 0
+            << QStringLiteral("a{\\shp{\\*\\shpinst\\shpleft0}}\\line b");
+        QTest::newRow("over text of two formats")
+            << QStringLiteral("{\\rtf1 a{\\b bc}de\\par}") << 1 << 3 << QStringLiteral("a\\b\\line\\b0 e");
+    }
+    void ALineBreakIsTypedLikeText() {
+        QFETCH(QString, source);
+        QFETCH(int, start);
+        QFETCH(int, length);
+        QFETCH(QString, expected);
+        RichTextBox box;
+        QFont font = box.font();
+        font.setPointSize(12);
+        box.setFont(font);
+        box.setTextRTF(source);
+        Select(box, start, length);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(changes.count(), 1);
+        QVERIFY2(box.TextRTF().contains(expected), qPrintable(box.TextRTF()));
+        QCOMPARE(box.SelStart(), start + 1);
+    }
+
     void WhatOnlyTablesNeedStaysAsItIs() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1%1\\trowd\\cellx2000\\pard\\intbl c\\cell\\row}")
