@@ -215,8 +215,19 @@ void FormatEnds(const QTextBlock& first, const QTextBlock& last, const QTextDocu
         if (block.blockFormat() != format)
             QTextCursor(block).setBlockFormat(format);
     };
-    if (begin.boolProperty(Filler))
+    if (begin.boolProperty(Filler)) { // a table comes first: the line before it keeps what it has
+        if (first == last || last.length() <= 1)
+            return;
+        QTextBlockFormat before = first.blockFormat();
+        QTextBlockFormat behind = place.isEmpty ? last.blockFormat() : place.format;
+        if (behind.hasProperty(SectionBreak))
+            before.clearProperty(SectionBreak);
+        if (before.hasProperty(QTextFormat::PageBreakPolicy))
+            behind.clearProperty(QTextFormat::PageBreakPolicy);
+        set(first, before);
+        set(last, behind);
         return;
+    }
     if (first == last) {
         if (place.isAllEmpty)
             set(first, begin);
@@ -295,6 +306,8 @@ void InsertDocument(QTextCursor cursor, QTextDocument& source) {
     FormatEnds(target.findBlock(from), cursor.block(), source, place);
     ShowMarkers(target, from, cursor.position());
     cursor.endEditBlock();
+    // where a table comes last, the rest of the line stands at the end of its filler
+    FreeLooseFillers(target, cursor.position(), cursor.position());
 }
 
 } // namespace platform

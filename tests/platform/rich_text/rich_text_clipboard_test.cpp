@@ -12,6 +12,7 @@
 #include <QTextFrame>
 #include <QTextTable>
 
+#include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box.h"
 
 using platform::RichTextBox;
@@ -128,6 +129,53 @@ private Q_SLOTS:
         QCOMPARE(box.SelBold(), true);
         Select(box, int(box.Text().indexOf(u"words")), 5);
         QCOMPARE(box.SelBold(), false);
+    }
+
+    void ATablePastedIntoALineLeavesItsFormat_data() {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("caret");
+        QTest::newRow("table alone, at the start") << QString() << 2;
+        QTest::newRow("table alone, inside") << QString() << 4;
+        QTest::newRow("text before it, at the start") << QStringLiteral("\\pard x\\par") << 2;
+        QTest::newRow("text before it, inside") << QStringLiteral("\\pard x\\par") << 4;
+    }
+    void ATablePastedIntoALineLeavesItsFormat() {
+        QFETCH(QString, before);
+        QFETCH(int, caret);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral(
+            "{\\rtf1\\fs30 p\\par\\pard\\qc\\li700\\pagebb title\\sect\\sectd\\pard end\\par}"));
+        const auto breaks = [](const QString& source) {
+            return std::pair(source.count(QStringLiteral("\\pagebb")),
+                             source.count(QStringLiteral("\\sect\n")));
+        };
+        const auto breaksBefore = breaks(box.TextRTF());
+        box.setSelStart(caret);
+        box.setSelRTF(QStringLiteral("{\\rtf1%1\\trowd\\cellx2000\\pard\\intbl a\\cell\\row}").arg(before));
+        const int behind = int(box.Text().indexOf(QStringLiteral("tle\nend")));
+        QVERIFY(behind > caret);
+        QCOMPARE(breaks(box.TextRTF()), breaksBefore);
+        for (int reread = 0; reread < 2; ++reread) {
+            box.setSelStart(behind);
+            QCOMPARE(box.SelAlignment(), 2);
+            QCOMPARE(box.SelIndent(), 700);
+            QVERIFY(!box.textCursor().blockFormat().boolProperty(platform::Filler));
+            QCOMPARE(box.textCursor().block().charFormat().fontPointSize(), 15);
+            box.setTextRTF(box.TextRTF());
+        }
+    }
+
+    void TextPastedOverTablesKeepsTheLinesTypedBehindIt() {
+        RichTextBox box;
+        const QString form = QStringLiteral("{\\rtf1\\fs30\\trowd\\cellx2000\\pard\\intbl a\\cell\\row%1}");
+        box.setTextRTF(form.arg(QString()));
+        box.selectAll();
+        box.setSelRTF(form.arg(QStringLiteral("\\pard y")));
+        QVERIFY(box.Text().endsWith(QStringLiteral("a\ny")));
+        QTest::keyClick(&box, Qt::Key_Return);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QVERIFY(other.Text().endsWith(QStringLiteral("a\ny\n")));
     }
 
     void ATableIsCopiedAndPastedAsOne() {
