@@ -22,25 +22,34 @@ namespace platform {
 // gives their formats.
 void VisitCharFormats(const QTextCursor& selection, const std::function<bool(const QTextCharFormat&)>& visit);
 
+// The one value of all that are taken.
+template <typename Value>
+class CommonValue {
+public:
+    // False once they differ.
+    bool Take(Value value) {
+        if (!m_common)
+            m_common = std::move(value);
+        else
+            m_mixed = m_mixed || *m_common != value;
+        return !m_mixed;
+    }
+    std::optional<Value> Get() const { return m_mixed ? std::nullopt : m_common; }
+
+private:
+    std::optional<Value> m_common;
+    bool m_mixed = false;
+};
+
 // The value that `read` gives for every character of the selection, or for what is typed next at a caret.
 template <typename Read>
 auto CommonCharValue(const QTextCursor& cursor, Read&& read)
     -> std::optional<decltype(read(QTextCharFormat()))> {
     if (!cursor.hasSelection())
         return read(TypingFormat(cursor));
-    std::optional<decltype(read(QTextCharFormat()))> common;
-    bool mixed = false;
-    VisitCharFormats(cursor, [&](const QTextCharFormat& format) {
-        auto value = read(format);
-        if (!common)
-            common = std::move(value);
-        else
-            mixed = *common != value;
-        return !mixed;
-    });
-    if (mixed)
-        return std::nullopt;
-    return common;
+    CommonValue<decltype(read(QTextCharFormat()))> common;
+    VisitCharFormats(cursor, [&](const QTextCharFormat& format) { return common.Take(read(format)); });
+    return common.Get();
 }
 
 // Whether `has` is true of all that the formats of the selection are read from, and of its empty lines.
@@ -66,23 +75,15 @@ void VisitBlocks(const QTextCursor& selection, const std::function<bool(const QT
 template <typename Read>
 auto CommonBlockValue(const QTextCursor& cursor, Read&& read)
     -> std::optional<decltype(read(QTextBlockFormat()))> {
-    std::optional<decltype(read(QTextBlockFormat()))> common;
-    bool mixed = false;
+    CommonValue<decltype(read(QTextBlockFormat()))> common;
     int known = -1;
     VisitBlocks(cursor, [&](const QTextBlock& block) {
         if (block.blockFormatIndex() == known)
             return true;
         known = block.blockFormatIndex();
-        auto value = read(block.blockFormat());
-        if (!common)
-            common = std::move(value);
-        else
-            mixed = *common != value;
-        return !mixed;
+        return common.Take(read(block.blockFormat()));
     });
-    if (mixed)
-        return std::nullopt;
-    return common;
+    return common.Get();
 }
 
 // What single formats say; `document` gives what they leave open.

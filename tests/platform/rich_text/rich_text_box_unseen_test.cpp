@@ -7,31 +7,14 @@
 #include <QTextBlock>
 
 #include "platform/rich_text/document_model.h"
+#include "tests/platform/rich_text/selections.h"
 
+using namespace rich_text_selections;
 using platform::RichTextBox;
 
 namespace {
 
-void Select(RichTextBox& box, int start, int length) {
-    box.setSelStart(start);
-    box.setSelLength(length);
-}
-
 constexpr char kRow[] = "\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row";
-
-// "before", a table of one row with two cells, an empty line, "after".
-QString SourceWithTable(const QString& firstCell, const QString& secondCell) {
-    return QStringLiteral("{\\rtf1 before\\par\\trowd\\cellx2000\\cellx4000\\intbl %1\\cell %2\\cell\\row"
-                          "\\pard\\par after\\par}")
-        .arg(firstCell, secondCell);
-}
-
-void SelectCells(RichTextBox& box, int inFirst, int inLast) {
-    QTextCursor cursor = box.textCursor();
-    cursor.setPosition(inFirst);
-    cursor.setPosition(inLast, QTextCursor::KeepAnchor);
-    box.setTextCursor(cursor);
-}
 
 // Whether all hidden text is drawn too small and too pale to be seen.
 bool IsHiddenUnseen(const RichTextBox& box) {

@@ -14,8 +14,10 @@
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box.h"
+#include "tests/platform/rich_text/selections.h"
 
 using platform::RichTextBox;
+using rich_text_selections::Select;
 
 namespace {
 
@@ -29,11 +31,6 @@ void PutOnClipboard(const char* name, const QByteArray& bytes) {
 
 const QMimeData& Clipboard() {
     return *QGuiApplication::clipboard()->mimeData();
-}
-
-void Select(RichTextBox& box, int start, int length) {
-    box.setSelStart(start);
-    box.setSelLength(length);
 }
 
 } // namespace
