@@ -64,7 +64,7 @@ public:
     bool setSelText(const QString& text);
 
     // Replaces the selected text by what `convert`, which keeps the length, makes of it, as setSelText()
-    // does; of selected cells each for itself.
+    // does, keeping line breaks inside of paragraphs; of selected cells each for itself.
     void ConvertSelText(const std::function<QString(const QString&)>& convert);
 
     // The selection as the source of a document of its own, empty for none. Setting replaces the selection; a
@@ -185,6 +185,7 @@ private:
                        const std::function<bool(const QTextCharFormat&)>& isThere);
     bool ChangeBlocks(const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change);
     void InsertText(const QString& text);
+    void InsertPlain(const QString& plain);
     void InsertParagraph();
     void InsertForeign(QTextDocument& source);
     void FitCaretForText();

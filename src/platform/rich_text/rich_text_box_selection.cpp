@@ -91,15 +91,19 @@ void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& c
     // the range of the selection holds but parts of the first and the last cell, and cells of other columns
     QTextCursor cursor = textCursor();
     const std::vector<QTextTableCell> cells = SelectedCells(cursor);
+    const auto convertSelection = [&] {
+        const QString raw = document()->toRawText().mid(SelStart(), SelLength());
+        InsertPlain(WithLineBreaks(NormalizedText(convert(SelText())), raw));
+    };
     if (cells.empty()) {
-        setSelText(convert(SelText()));
+        convertSelection();
         return;
     }
     for (const QTextTableCell& cell : cells) {
         cursor.setPosition(cell.firstPosition());
         cursor.setPosition(cell.lastPosition(), QTextCursor::KeepAnchor);
         setTextCursor(cursor);
-        setSelText(convert(SelText()));
+        convertSelection();
     }
 }
 
@@ -146,9 +150,13 @@ void RichTextBox::FitCaretForText() {
 }
 
 void RichTextBox::InsertText(const QString& text) {
+    InsertPlain(NormalizedText(text));
+}
+
+// Takes text as it may stand in a document, with U+2028 for breaks inside of a paragraph.
+void RichTextBox::InsertPlain(const QString& plain) {
     Edit edit(*this);
     QTextCursor cursor = textCursor();
-    const QString plain = NormalizedText(text);
     if (plain.isEmpty() && !cursor.hasSelection())
         return;
     FitCaretForText();

@@ -2,6 +2,7 @@
 
 #include <QStringConverter>
 #include <QTextDocument>
+#include <algorithm>
 
 #include "platform/rich_text/rtf_code_pages.h"
 
@@ -13,23 +14,32 @@ constexpr qsizetype kLongestWord = 20'000;
 constexpr char16_t kFrameStart = u'\uFDD0'; // what Qt puts where a table cell or a table begins and ends
 constexpr char16_t kFrameEnd = u'\uFDD1';
 
+bool IsLineEnd(QChar character) {
+    return character == QChar::ParagraphSeparator || character == QChar::LineSeparator ||
+           character == kFrameStart || character == kFrameEnd;
+}
+
 } // namespace
 
 QString PlainText(const QTextDocument& document) {
     QString text = document.toRawText();
-    for (QChar& character : text) {
-        switch (character.unicode()) {
-        case QChar::ParagraphSeparator:
-        case QChar::LineSeparator:
-        case kFrameStart:
-        case kFrameEnd:
-            character = u'\n';
-            break;
-        default:
-            break;
-        }
-    }
+    std::replace_if(text.begin(), text.end(), IsLineEnd, QChar(u'\n'));
     return text;
+}
+
+QString WithLineBreaks(const QString& text, const QString& raw) {
+    if (text.count(u'\n') != std::count_if(raw.begin(), raw.end(), IsLineEnd))
+        return text;
+    QString broken = text;
+    qsizetype end = -1;
+    for (const QChar character : raw) {
+        if (!IsLineEnd(character))
+            continue;
+        end = text.indexOf(u'\n', end + 1);
+        if (character == QChar::LineSeparator)
+            broken[end] = character;
+    }
+    return broken;
 }
 
 QString NormalizedText(const QString& text) {

@@ -12,6 +12,11 @@ namespace platform {
 // line or table cell one '\n', a picture U+FFFC, no-break spaces as they are.
 QString PlainText(const QTextDocument& document);
 
+// Text that was made of a part of a document's, with U+2028 for those of its line ends that are breaks inside
+// of a paragraph in `raw`, the same part of QTextDocument::toRawText(); as it is where the number of line
+// ends is another.
+QString WithLineBreaks(const QString& text, const QString& raw);
+
 // Text as it may stand in a document: each line end ("\r\n", '\r', U+2028, U+2029, form feed) one '\n', and
 // no characters that a document gives a meaning of its own (U+FFFC, U+FDD0, U+FDD1, NUL).
 QString NormalizedText(const QString& text);

@@ -231,6 +231,37 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 1);
     }
 
+    void TextConvertedKeepsItsLineBreaks_data() {
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("length");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("a part") << 1 << 4 << QStringLiteral("oNE\u2028Two\u2029three\u2028four");
+        QTest::newRow("two paragraphs") << 5 << 12 << QStringLiteral("one\u2028tWO\u2029THREE\u2028FOUr");
+        QTest::newRow("all") << 0 << 18 << QStringLiteral("ONE\u2028TWO\u2029THREE\u2028FOUR");
+    }
+    void TextConvertedKeepsItsLineBreaks() {
+        QFETCH(int, start);
+        QFETCH(int, length);
+        QFETCH(QString, text);
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1\\pard\\fi720 one\\line two\\par three\\line four}"));
+        box.setSelStart(start);
+        box.setSelLength(length);
+        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        QCOMPARE(box.document()->toRawText(), text);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QCOMPARE(other.document()->toRawText(), text);
+    }
+
+    void TextThatTurnsLongerLosesNoLineBreak() {
+        RichTextBox box;
+        box.setTextRTF(QStringLiteral("{\\rtf1 Stra\\'dfe\\line two\\par}"));
+        box.selectAll();
+        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        QCOMPARE(box.document()->toRawText(), QStringLiteral("STRASSE\u2028TWO"));
+    }
+
     void SelTextTakesTheFormatOfTheFirstSelectedCharacter() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0 plain\\b bold\\b0 plain}"));
