@@ -30,6 +30,36 @@ bool HasEndOfItsOwn(const QTextBlock& block) {
            block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
 }
 
+std::vector<QTextBlockFormat> SelectedFormats(const QTextCursor& selection) {
+    std::vector<QTextBlockFormat> formats;
+    const QTextBlock last = selection.document()->findBlock(selection.selectionEnd());
+    for (QTextBlock block = selection.document()->findBlock(selection.selectionStart()); block.isValid();
+         block = block.next()) {
+        formats.push_back(block.blockFormat());
+        if (block == last)
+            break;
+    }
+    return formats;
+}
+
+// Gives paragraphs of a list, from `block` on, the numbers they have in `old`.
+void SetNumbers(QTextBlock block, const std::vector<QTextBlockFormat>& old) {
+    for (const QTextBlockFormat& before : old) {
+        QTextBlockFormat format = block.blockFormat();
+        const auto agrees = [&](int property) {
+            return format.property(property) == before.property(property);
+        };
+        const bool isSameList = agrees(ListKind) && agrees(ListOverride) && agrees(ListLevel);
+        if (isSameList && before.hasProperty(BulletText)) {
+            for (const int property : {int(BulletText), int(ListStart)})
+                format.setProperty(property, before.property(property)); // an invalid one clears it
+            if (format != block.blockFormat())
+                QTextCursor(block).setBlockFormat(format);
+        }
+        block = block.next();
+    }
+}
+
 bool IsBold(const QTextCharFormat& format) {
     return format.fontWeight() > QFont::Medium;
 }
@@ -93,7 +123,12 @@ void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& c
     const std::vector<QTextTableCell> cells = SelectedCells(cursor);
     const auto convertSelection = [&] {
         const QString raw = document()->toRawText().mid(SelStart(), SelLength());
+        const std::vector<QTextBlockFormat> formats = SelectedFormats(textCursor());
+        const int start = SelStart();
+        const int paragraphs = document()->blockCount();
         InsertPlain(WithLineBreaks(NormalizedText(convert(SelText())), raw));
+        if (document()->blockCount() == paragraphs) // all of one format, which tells their numbers
+            SetNumbers(document()->findBlock(start), formats);
     };
     if (cells.empty()) {
         convertSelection();

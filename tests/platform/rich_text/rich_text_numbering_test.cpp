@@ -197,6 +197,51 @@ private Q_SLOTS:
         const QString written = box.TextRTF();
         QVERIFY(written.contains(QStringLiteral("\\pnstart4")));
     }
+
+    void ConvertedTextKeepsItsNumbers_data() {
+        QTest::addColumn<QString>("markers");
+        QTest::addColumn<int>("start");
+        QTest::addColumn<int>("length");
+        QTest::newRow("two of three") << QStringLiteral("1. 2. 3.") << 0 << 9;
+        QTest::newRow("one with its end") << QStringLiteral("1. 2. 3.") << kParagraph << kParagraph;
+        QTest::newRow("parts of two") << QStringLiteral("1. 2. 3.") << 2 << kParagraph;
+        QTest::newRow("a list that begins at two") << QStringLiteral("2. 3. 4.") << 1 << 2;
+        QTest::newRow("all of it") << QStringLiteral("2. 3. 4.") << 0 << 14;
+    }
+    void ConvertedTextKeepsItsNumbers() {
+        QFETCH(QString, markers);
+        QFETCH(int, start);
+        QFETCH(int, length);
+        RichTextBox box;
+        box.setTextRTF(Source(markers));
+        const QString before = Markers(box);
+        const QSignalSpy changes(&box, &RichTextBox::Change);
+        box.setSelStart(start);
+        box.setSelLength(length);
+        box.ConvertSelText([](const QString& text) { return text.toUpper(); });
+        QCOMPARE(Markers(box), before);
+        QCOMPARE(changes.size(), 1);
+        RichTextBox other;
+        other.setTextRTF(box.TextRTF());
+        QCOMPARE(Markers(other), before);
+    }
+
+    void ConvertedTextKeepsNumbersThatEachTellTheirOwn() {
+        RichTextBox box;
+        QString source = QStringLiteral("{\\rtf1 ");
+        for (int i = 1; i <= 3; ++i)
+            source +=
+                QStringLiteral("\\pard{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart%1{\\pntxta .}}"
+                               "\\fi-360\\li720 text\\par ")
+                    .arg(i);
+        box.setTextRTF(source + u'}');
+        const QString before = Markers(box);
+        box.setSelStart(0);
+        box.setSelLength(9);
+        box.ConvertSelText([](const QString& text) { return text.toUpper(); });
+        QCOMPARE(Markers(box), before);
+        QVERIFY(box.TextRTF().contains(QStringLiteral("\\pnstart2")));
+    }
 };
 
 QTEST_MAIN(RichTextNumberingTest)
