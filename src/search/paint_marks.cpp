@@ -17,7 +17,7 @@ std::vector<TextRange> HiddenRuns(const QTextDocument& document) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment run = it.fragment();
-            if (run.charFormat().boolProperty(platform::HiddenText))
+            if (platform::IsHidden(run.charFormat()))
                 runs.push_back({run.position(), run.length()});
         }
     }

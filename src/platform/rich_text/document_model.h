@@ -27,6 +27,7 @@
 //   object is written, not the picture.
 #pragma once
 
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFormat>
 #include <QUrl>
@@ -123,6 +124,15 @@ enum DocumentProperty {
     FootnoteSettings,  // QByteArray: document-wide control words kept as they stood (\ftnbj, \viewkind, ...)
     DefaultFont,       // int: number of the font that \plain chooses, in the kept FontTable (\deff)
 };
+
+inline bool IsHidden(const QTextCharFormat& format) {
+    return format.boolProperty(HiddenText);
+}
+
+// Whether a block is no paragraph of the file. One with text is, whatever its format says.
+inline bool IsFiller(const QTextBlock& block) {
+    return block.length() <= 1 && block.blockFormat().boolProperty(Filler);
+}
 
 enum class ListKinds { None, Bullet, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
 enum class UnderlineKinds { Plain, Words, Double, Dotted, Dash, DashDot, Wave, Thick };

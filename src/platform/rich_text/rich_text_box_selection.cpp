@@ -168,7 +168,7 @@ void RichTextBox::FitCaretForText() {
     if (cursor.hasSelection())
         return;
     const QTextBlock block = cursor.block();
-    const bool isFiller = block.length() <= 1 && block.blockFormat().boolProperty(Filler);
+    const bool isFiller = IsFiller(block);
     const QTextCharFormat text = TypingFormat(cursor);
     if (!isFiller && text == cursor.charFormat())
         return;

@@ -121,10 +121,6 @@ bool VisitInTurn(const Each& each, const StandsBack& standsBack, const Visit& vi
     return visited;
 }
 
-bool IsHidden(const QTextCharFormat& format) {
-    return format.boolProperty(HiddenText);
-}
-
 } // namespace
 
 void VisitCharFormats(const QTextCursor& selection,
@@ -187,7 +183,7 @@ bool IsThroughout(const QTextCursor& selection, const std::function<bool(const Q
 bool IsStandIn(const QTextBlock& block) {
     if (block.length() > 1)
         return false;
-    if (block.blockFormat().boolProperty(Filler))
+    if (IsFiller(block))
         return true;
     const auto* const table = qobject_cast<const QTextTable*>(block.document()->frameAt(block.position()));
     if (!table)
@@ -231,7 +227,7 @@ QString FontNameOf(const QTextCharFormat& format, const QTextDocument& document)
 }
 
 double FontSizeOf(const QTextCharFormat& format, const QTextDocument& document) {
-    if (format.boolProperty(HiddenText) && format.hasProperty(HiddenSize))
+    if (IsHidden(format) && format.hasProperty(HiddenSize))
         return format.intProperty(HiddenSize) / 2.0;
     if (format.hasProperty(QTextFormat::FontPointSize))
         return format.fontPointSize();
@@ -282,7 +278,7 @@ std::vector<PlacedFormat> FillerEnds(const QTextDocument& document, int from, in
     std::vector<PlacedFormat> ends;
     for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (block.length() == 1 && block.blockFormat().boolProperty(Filler))
+        if (IsFiller(block))
             ends.push_back({block.position(), 0, block.charFormat()});
     }
     return ends;

@@ -10,10 +10,6 @@
 namespace platform {
 namespace {
 
-bool IsHidden(const QTextCharFormat& format) {
-    return format.boolProperty(HiddenText);
-}
-
 bool IsOfFiller(const QTextCharFormat& end) {
     return end.fontPointSize() == kFillerPoints && !IsHidden(end);
 }

@@ -86,7 +86,7 @@ void RtfBodyWriter::CollectFields(const QTextBlock& block, RtfFieldSequence& seq
         if (sequence.empty() || sequence.back() != key)
             sequence.push_back(key);
     };
-    if (block.length() == 1 && block.blockFormat().boolProperty(Filler))
+    if (IsFiller(block))
         return;
     for (auto run = block.begin(); !run.atEnd(); ++run)
         add(run.fragment().charFormatIndex(), [&run] { return run.fragment().charFormat(); });

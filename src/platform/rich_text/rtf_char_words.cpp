@@ -84,7 +84,7 @@ int UnderlineOf(const QTextCharFormat& format) {
 
 int HalfPointsOf(const QTextCharFormat& format, const QFont& defaultFont) {
     double points = format.fontPointSize();
-    if (format.boolProperty(HiddenText) && format.hasProperty(HiddenSize))
+    if (IsHidden(format) && format.hasProperty(HiddenSize))
         points = format.intProperty(HiddenSize) / 2.0;
     else if (points <= 0 && format.hasProperty(QTextFormat::FontPixelSize))
         points = format.intProperty(QTextFormat::FontPixelSize) * 0.75;
@@ -111,7 +111,7 @@ int FlagsOf(const QTextCharFormat& format) {
     set(RtfCharWords::Strike, strike && !format.boolProperty(DoubleStrike));
     set(RtfCharWords::Capitals, format.fontCapitalization() == QFont::AllUppercase);
     set(RtfCharWords::SmallCapitals, format.fontCapitalization() == QFont::SmallCaps);
-    set(RtfCharWords::Hidden, format.boolProperty(HiddenText));
+    set(RtfCharWords::Hidden, IsHidden(format));
     return flags;
 }
 

@@ -201,67 +201,6 @@ private Q_SLOTS:
         QCOMPARE(other.Text(), box.Text());
     }
 
-    void TextConvertedInCellsStaysInThem_data() {
-        QTest::addColumn<int>("anchor");
-        QTest::addColumn<int>("caret");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("row") << 4 << 13 << QStringLiteral("top\nONE\nTWO\nAND\n\nto\nby\nend");
-        QTest::newRow("row, from the last") << 13 << 5 << QStringLiteral("top\nONE\nTWO\nAND\n\nto\nby\nend");
-        QTest::newRow("column") << 5 << 17 << QStringLiteral("top\nONE\nTWO\nand\n\nTO\nby\nend");
-        QTest::newRow("with an empty cell")
-            << 12 << 20 << QStringLiteral("top\none\ntwo\nAND\n\nto\nBY\nend");
-        QTest::newRow("in one cell") << 5 << 9 << QStringLiteral("top\noNE\nTwo\nand\n\nto\nby\nend");
-    }
-    void TextConvertedInCellsStaysInThem() {
-        QFETCH(int, anchor);
-        QFETCH(int, caret);
-        QFETCH(QString, text);
-        RichTextBox box;
-        box.setTextRTF(QStringLiteral("{\\rtf1 top\\par\\trowd\\cellx3000\\cellx6000"
-                                      "\\intbl one\\par two\\cell and\\par\\cell\\row"
-                                      "\\trowd\\cellx3000\\cellx6000\\intbl to\\cell by\\cell\\row"
-                                      "\\pard end\\par}"));
-        QTextCursor cursor = box.textCursor();
-        cursor.setPosition(anchor);
-        cursor.setPosition(caret, QTextCursor::KeepAnchor);
-        box.setTextCursor(cursor);
-        const QSignalSpy changes(&box, &RichTextBox::Change);
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
-        QCOMPARE(box.Text(), text);
-        QCOMPARE(changes.size(), 1);
-    }
-
-    void TextConvertedKeepsItsLineBreaks_data() {
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("length");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("a part") << 1 << 4 << QStringLiteral("oNE\u2028Two\u2029three\u2028four");
-        QTest::newRow("two paragraphs") << 5 << 12 << QStringLiteral("one\u2028tWO\u2029THREE\u2028FOUr");
-        QTest::newRow("all") << 0 << 18 << QStringLiteral("ONE\u2028TWO\u2029THREE\u2028FOUR");
-    }
-    void TextConvertedKeepsItsLineBreaks() {
-        QFETCH(int, start);
-        QFETCH(int, length);
-        QFETCH(QString, text);
-        RichTextBox box;
-        box.setTextRTF(QStringLiteral("{\\rtf1\\pard\\fi720 one\\line two\\par three\\line four}"));
-        box.setSelStart(start);
-        box.setSelLength(length);
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
-        QCOMPARE(box.document()->toRawText(), text);
-        RichTextBox other;
-        other.setTextRTF(box.TextRTF());
-        QCOMPARE(other.document()->toRawText(), text);
-    }
-
-    void TextThatTurnsLongerLosesNoLineBreak() {
-        RichTextBox box;
-        box.setTextRTF(QStringLiteral("{\\rtf1 Stra\\'dfe\\line two\\par}"));
-        box.selectAll();
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
-        QCOMPARE(box.document()->toRawText(), QStringLiteral("STRASSE\u2028TWO"));
-    }
-
     void SelTextTakesTheFormatOfTheFirstSelectedCharacter() {
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\f0 plain\\b bold\\b0 plain}"));

@@ -29,6 +29,17 @@ QString Source(const QString& markers) {
     return source + u'}';
 }
 
+// A list of three paragraphs in the older form, each of which tells its number.
+QString OlderSource() {
+    QString source = QStringLiteral("{\\rtf1 ");
+    for (int i = 1; i <= 3; ++i)
+        source +=
+            QStringLiteral("\\pard\\fi-360\\li720{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart%1"
+                           "{\\pntxta .}}text\\par ")
+                .arg(i);
+    return source + u'}';
+}
+
 QString Markers(const RichTextBox& box) {
     QStringList markers;
     for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
@@ -184,13 +195,7 @@ private Q_SLOTS:
 
     void ListsOfTheOlderFormCountOnToo() {
         RichTextBox box;
-        QString source = QStringLiteral("{\\rtf1 ");
-        for (int i = 1; i <= 3; ++i)
-            source +=
-                QStringLiteral("\\pard\\fi-360\\li720{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart%1"
-                               "{\\pntxta .}}text\\par ")
-                    .arg(i);
-        box.setTextRTF(source + u'}');
+        box.setTextRTF(OlderSource());
         box.setSelStart(kParagraph - 1);
         QTest::keyClick(&box, Qt::Key_Return);
         QCOMPARE(Markers(box), QStringLiteral("1. 2. 3. 4."));
@@ -228,13 +233,7 @@ private Q_SLOTS:
 
     void ConvertedTextKeepsNumbersThatEachTellTheirOwn() {
         RichTextBox box;
-        QString source = QStringLiteral("{\\rtf1 ");
-        for (int i = 1; i <= 3; ++i)
-            source +=
-                QStringLiteral("\\pard{\\pntext %1.\\tab}{\\*\\pn\\pnlvlbody\\pndec\\pnstart%1{\\pntxta .}}"
-                               "\\fi-360\\li720 text\\par ")
-                    .arg(i);
-        box.setTextRTF(source + u'}');
+        box.setTextRTF(OlderSource());
         const QString before = Markers(box);
         box.setSelStart(0);
         box.setSelLength(9);
