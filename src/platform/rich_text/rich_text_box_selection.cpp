@@ -3,6 +3,8 @@
 #include <QTextDocument>
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 #include "platform/rich_text/document_model.h"
 #include "platform/rich_text/rich_text_box.h"
@@ -30,32 +32,24 @@ bool HasEndOfItsOwn(const QTextBlock& block) {
            block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
 }
 
-std::vector<QTextBlockFormat> SelectedFormats(const QTextCursor& selection) {
-    std::vector<QTextBlockFormat> formats;
+// The formats of all paragraphs from the one the selection begins in to the one it ends in; none for a block
+// that is no paragraph.
+std::vector<std::optional<QTextBlockFormat>> ParagraphFormats(const QTextCursor& selection) {
+    std::vector<std::optional<QTextBlockFormat>> formats;
     const QTextBlock last = selection.document()->findBlock(selection.selectionEnd());
     for (QTextBlock block = selection.document()->findBlock(selection.selectionStart()); block.isValid();
          block = block.next()) {
-        formats.push_back(block.blockFormat());
+        formats.push_back(IsFiller(block) ? std::nullopt : std::optional(block.blockFormat()));
         if (block == last)
             break;
     }
     return formats;
 }
 
-// Gives paragraphs of a list, from `block` on, the numbers they have in `old`.
-void SetNumbers(QTextBlock block, const std::vector<QTextBlockFormat>& old) {
-    for (const QTextBlockFormat& before : old) {
-        QTextBlockFormat format = block.blockFormat();
-        const auto agrees = [&](int property) {
-            return format.property(property) == before.property(property);
-        };
-        const bool isSameList = agrees(ListKind) && agrees(ListOverride) && agrees(ListLevel);
-        if (isSameList && before.hasProperty(BulletText)) {
-            for (const int property : {int(BulletText), int(ListStart)})
-                format.setProperty(property, before.property(property)); // an invalid one clears it
-            if (format != block.blockFormat())
-                QTextCursor(block).setBlockFormat(format);
-        }
+void SetParagraphFormats(QTextBlock block, const std::vector<std::optional<QTextBlockFormat>>& formats) {
+    for (const std::optional<QTextBlockFormat>& format : formats) {
+        if (format && *format != block.blockFormat())
+            QTextCursor(block).setBlockFormat(*format);
         block = block.next();
     }
 }
@@ -123,12 +117,12 @@ void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& c
     const std::vector<QTextTableCell> cells = SelectedCells(cursor);
     const auto convertSelection = [&] {
         const QString raw = document()->toRawText().mid(SelStart(), SelLength());
-        const std::vector<QTextBlockFormat> formats = SelectedFormats(textCursor());
+        const std::vector<std::optional<QTextBlockFormat>> formats = ParagraphFormats(textCursor());
         const int start = SelStart();
         const int paragraphs = document()->blockCount();
         InsertPlain(WithLineBreaks(NormalizedText(convert(SelText())), raw));
-        if (document()->blockCount() == paragraphs) // all of one format, which tells their numbers
-            SetNumbers(document()->findBlock(start), formats);
+        if (document()->blockCount() == paragraphs) // now all of one format
+            SetParagraphFormats(document()->findBlock(start), formats);
     };
     if (cells.empty()) {
         convertSelection();

@@ -72,6 +72,47 @@ private Q_SLOTS:
         box.ConvertSelText([](const QString& given) { return given.toUpper(); });
         QCOMPARE(box.document()->toRawText(), QStringLiteral("STRASSE\u2028TWO"));
     }
+
+    void TextConvertedKeepsItsParagraphs_data() {
+        QTest::addColumn<QString>("source");
+        QTest::newRow("alignments") << QStringLiteral("{\\rtf1\\qc Title\\par\\qj body\\par\\qr sign}");
+        QTest::newRow("indents and distances") << QStringLiteral(
+            "{\\rtf1\\fi720 One\\par\\pard\\li720\\sb240 Two\\par\\pard\\keepn\\tx900\\tab Three}");
+        QTest::newRow("a page break") << QStringLiteral("{\\rtf1 One\\par Two\\par\\page Three\\par Four}");
+        QTest::newRow("sections") << QStringLiteral(
+            "{\\rtf1\\sectd\\cols2 One\\par Two\\sect\\sectd\\cols1\\sbknone Three\\par Four}");
+        QTest::newRow("lists") << QStringLiteral(
+            "{\\rtf1 Head\\par\\pard\\fi-360\\li720\\ls1{\\listtext 1.\\tab}one\\par"
+            "\\pard\\fi-360\\li720\\ls1{\\listtext 2.\\tab}two\\par"
+            "\\pard\\fi-360\\li1080\\ls2{\\listtext a.\\tab}inner\\par\\pard tail\\line end}");
+        QTest::newRow("empty lines") << QStringLiteral(
+            "{\\rtf1\\qc\\par\\qj One\\par\\qr\\par\\ql Two\\par\\qc\\par\\par}");
+        QTest::newRow("the paragraphs of a cell") << QStringLiteral(
+            "{\\rtf1\\trowd\\cellx3000\\cellx6000\\intbl\\qc one\\par\\qj two\\par\\qr x\\cell"
+            "\\ql y\\par\\qc z\\cell\\row}");
+    }
+    void TextConvertedKeepsItsParagraphs() {
+        QFETCH(QString, source);
+        RichTextBox box;
+        box.setTextRTF(source);
+        const QString before = box.TextRTF();
+        const int end = box.document()->characterCount() - 1;
+        for (int from = 0; from < end; ++from) {
+            for (int to = from + 1; to <= end; ++to) {
+                QTextCursor cursor(box.document());
+                cursor.setPosition(from);
+                cursor.setPosition(to, QTextCursor::KeepAnchor);
+                // cells make way for lines where a selection leaves its own or the table
+                if (cursor.selectedText().contains(QChar(0xfdd0)) ||
+                    cursor.selectedText().contains(QChar(0xfdd1)))
+                    continue;
+                box.setTextCursor(cursor);
+                box.ConvertSelText([](const QString& text) { return text; });
+                QVERIFY2(box.TextRTF() == before,
+                         qPrintable(QStringLiteral("%1 to %2:\n%3").arg(from).arg(to).arg(box.TextRTF())));
+            }
+        }
+    }
 };
 
 QTEST_MAIN(RichTextBoxConvertTest)
