@@ -132,6 +132,32 @@ private Q_SLOTS:
         QCOMPARE(pane->TextRTF(), before);
     }
 
+    void AFormatForTheTextTypedNextOutlivesAClickThatLeavesTheCaret_data() {
+        QTest::addColumn<int>("caret");
+        QTest::newRow("within the text") << 4;
+        QTest::newRow("at the end") << 9;
+    }
+    void AFormatForTheTextTypedNextOutlivesAClickThatLeavesTheCaret() {
+        QFETCH(int, caret);
+        Main().SetTab(Tab::EditForm);
+        RichTextBox* pane = Main().txtContent();
+        pane->setText(u"some text"_qs);
+        pane->setSelStart(caret);
+        pane->setFocus();
+        QTest::mouseClick(Bar().btnBold, Qt::LeftButton);
+        QVERIFY(!pane->hasFocus());
+        QVERIFY(Bar().btnBold->Value());
+        QTest::mouseClick(pane->viewport(), Qt::LeftButton, {}, pane->cursorRect().center());
+        QVERIFY(pane->hasFocus());
+        QCOMPARE(pane->SelStart(), caret);
+        QVERIFY(Bar().btnBold->Value());
+        QTest::keyClicks(pane, u"x"_qs);
+        pane->setSelStart(caret);
+        pane->setSelLength(1);
+        QCOMPARE(pane->SelText(), u"x"_qs);
+        QCOMPARE(pane->SelBold(), std::optional(true));
+    }
+
     void EachFormatCommandIsRecordedByTheChangeOfItsPane() {
         Main().SetTab(Tab::EditForm);
         RichTextBox* pane = Main().txtContent();

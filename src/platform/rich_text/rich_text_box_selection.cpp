@@ -46,12 +46,18 @@ std::vector<std::optional<QTextBlockFormat>> ParagraphFormats(const QTextCursor&
     return formats;
 }
 
+// All in one edit: the text is laid out after each.
 void SetParagraphFormats(QTextBlock block, const std::vector<std::optional<QTextBlockFormat>>& formats) {
+    QTextCursor cursor(block);
+    cursor.beginEditBlock();
     for (const std::optional<QTextBlockFormat>& format : formats) {
-        if (format && *format != block.blockFormat())
-            QTextCursor(block).setBlockFormat(*format);
+        if (format && *format != block.blockFormat()) {
+            cursor.setPosition(block.position());
+            cursor.setBlockFormat(*format);
+        }
         block = block.next();
     }
+    cursor.endEditBlock();
 }
 
 bool IsBold(const QTextCharFormat& format) {

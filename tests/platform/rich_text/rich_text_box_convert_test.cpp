@@ -113,6 +113,23 @@ private Q_SLOTS:
             }
         }
     }
+
+    // The document tells of each change of its layout: many paragraphs need no more of them than a few.
+    void ManyParagraphsAreConvertedAtOnce() {
+        const auto layouts = [](int paragraphs) {
+            QString source = QStringLiteral("{\\rtf1");
+            for (int i = 0; i < paragraphs; ++i)
+                source += QStringLiteral("\\pard\\qc one\\par\\pard\\qj\\fi720 two\\par");
+            RichTextBox box;
+            box.setTextRTF(source + QLatin1Char('}'));
+            box.selectAll();
+            const QSignalSpy changes(box.document(), &QTextDocument::contentsChange);
+            box.ConvertSelText([](const QString& text) { return text.toUpper(); });
+            return changes.size();
+        };
+        QVERIFY(layouts(2) > 0);
+        QCOMPARE(layouts(40), layouts(2));
+    }
 };
 
 QTEST_MAIN(RichTextBoxConvertTest)
