@@ -185,7 +185,6 @@ private:
                        const std::function<bool(const QTextCharFormat&)>& isThere);
     bool ChangeBlocks(const std::function<std::optional<QTextBlockFormat>(const QTextBlockFormat&)>& change);
     void InsertText(const QString& text);
-    void InsertPlain(const QString& plain);
     void InsertParagraph();
     void InsertForeign(QTextDocument& source);
     void FitCaretForText();

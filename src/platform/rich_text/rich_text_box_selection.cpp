@@ -60,6 +60,61 @@ void SetParagraphFormats(QTextBlock block, const std::vector<std::optional<QText
     cursor.endEditBlock();
 }
 
+// Puts text as it may stand in a document, with U+2028 for breaks inside of a paragraph, in the place of what
+// is selected, or at the caret: in the format of the first character replaced, or of the caret, which
+// `cursor` has behind the text, too.
+void ReplaceText(QTextCursor& cursor, const QString& plain) {
+    QTextDocument& document = *cursor.document();
+    QTextCharFormat format = TypingFormat(cursor);
+    if (cursor.hasSelection()) {
+        VisitCharFormats(cursor, [&format](const QTextCharFormat& first) {
+            format = SeenFormat(first);
+            return false;
+        });
+    }
+    // where several paragraphs are replaced, Qt would give the line behind the end of the first or of the
+    // text
+    const QTextBlock behind = document.findBlock(cursor.selectionEnd());
+    const bool keepsEnd = behind.position() > cursor.selectionStart() && !cursor.hasComplexSelection() &&
+                          cursor.selectionEnd() < document.characterCount() - 1 &&
+                          !behind.blockFormat().boolProperty(Filler);
+    const QTextCharFormat end = TextOnlyFormat(behind.charFormat());
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    format = FormatInField(format, cursor);
+    const int start = cursor.position();
+    const bool wasFiller = !plain.isEmpty() && cursor.blockFormat().boolProperty(Filler);
+    if (wasFiller) { // what the selection left of its tables; else the new lines would be fillers, too
+        QTextBlockFormat block = cursor.blockFormat();
+        block.clearProperty(Filler);
+        cursor.setBlockFormat(block);
+    }
+    if (document.isEmpty() || (wasFiller && HasEndOfItsOwn(cursor.block())))
+        cursor.setBlockCharFormat(format);
+    cursor.insertText(plain, format);
+    // at the start of a cell the format is the cell's as well, with its span and borders
+    if (keepsEnd && HasEndOfItsOwn(cursor.block()))
+        cursor.setBlockCharFormat(end);
+    PartBreaks(document.findBlock(start), cursor.block());
+    cursor.endEditBlock();
+    cursor.setCharFormat(format);
+}
+
+// Replaces what is selected by what `convert` makes of its text, which `raw`, the text of the document, has
+// in the same place. The paragraphs keep their formats where they stay as many.
+void ConvertText(QTextCursor& cursor, const QString& raw,
+                 const std::function<QString(const QString&)>& convert) {
+    if (!cursor.hasSelection())
+        return;
+    const int start = cursor.selectionStart();
+    const QString part = raw.mid(start, cursor.selectionEnd() - start);
+    const std::vector<std::optional<QTextBlockFormat>> formats = ParagraphFormats(cursor);
+    const int paragraphs = cursor.document()->blockCount();
+    ReplaceText(cursor, WithLineBreaks(NormalizedText(convert(PlainText(part))), part));
+    if (cursor.document()->blockCount() == paragraphs) // now all of one format
+        SetParagraphFormats(cursor.document()->findBlock(start), formats);
+}
+
 bool IsBold(const QTextCharFormat& format) {
     return format.fontWeight() > QFont::Medium;
 }
@@ -118,28 +173,23 @@ bool RichTextBox::setSelText(const QString& text) {
 
 void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& convert) {
     Edit edit(*this);
-    // the range of the selection holds but parts of the first and the last cell, and cells of other columns
     QTextCursor cursor = textCursor();
+    const QString raw = document()->toRawText();
+    // the range of the selection holds but parts of the first and the last cell, and cells of other columns
     const std::vector<QTextTableCell> cells = SelectedCells(cursor);
-    const auto convertSelection = [&] {
-        const QString raw = document()->toRawText().mid(SelStart(), SelLength());
-        const std::vector<std::optional<QTextBlockFormat>> formats = ParagraphFormats(textCursor());
-        const int start = SelStart();
-        const int paragraphs = document()->blockCount();
-        InsertPlain(WithLineBreaks(NormalizedText(convert(SelText())), raw));
-        if (document()->blockCount() == paragraphs) // now all of one format
-            SetParagraphFormats(document()->findBlock(start), formats);
-    };
-    if (cells.empty()) {
-        convertSelection();
-        return;
+    cursor.beginEditBlock(); // laid out once
+    if (cells.empty())
+        ConvertText(cursor, raw, convert);
+    for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell) { // the places before it stay
+        cursor.setPosition(cell->firstPosition());
+        cursor.setPosition(cell->lastPosition(), QTextCursor::KeepAnchor);
+        ConvertText(cursor, raw, convert);
     }
-    for (const QTextTableCell& cell : cells) {
-        cursor.setPosition(cell.firstPosition());
-        cursor.setPosition(cell.lastPosition(), QTextCursor::KeepAnchor);
-        setTextCursor(cursor);
-        convertSelection();
-    }
+    cursor.endEditBlock();
+    if (!cells.empty())
+        cursor.setPosition(cells.back().lastPosition());
+    setTextCursor(cursor);
+    ScrollToCaret();
 }
 
 QString RichTextBox::SelRTF() const {
@@ -185,51 +235,14 @@ void RichTextBox::FitCaretForText() {
 }
 
 void RichTextBox::InsertText(const QString& text) {
-    InsertPlain(NormalizedText(text));
-}
-
-// Takes text as it may stand in a document, with U+2028 for breaks inside of a paragraph.
-void RichTextBox::InsertPlain(const QString& plain) {
     Edit edit(*this);
-    QTextCursor cursor = textCursor();
-    if (plain.isEmpty() && !cursor.hasSelection())
+    const QString plain = NormalizedText(text);
+    if (plain.isEmpty() && !textCursor().hasSelection())
         return;
     FitCaretForText();
-    cursor = textCursor();
-    QTextCharFormat format = TypingFormat(cursor);
-    if (cursor.hasSelection()) {
-        VisitCharFormats(cursor, [&format](const QTextCharFormat& first) {
-            format = SeenFormat(first);
-            return false;
-        });
-    }
-    // where several paragraphs are replaced, Qt would give the line behind the end of the first or of the
-    // text
-    const QTextBlock behind = document()->findBlock(cursor.selectionEnd());
-    const bool keepsEnd = behind.position() > cursor.selectionStart() && !cursor.hasComplexSelection() &&
-                          cursor.selectionEnd() < document()->characterCount() - 1 &&
-                          !behind.blockFormat().boolProperty(Filler);
-    const QTextCharFormat end = TextOnlyFormat(behind.charFormat());
     FitWrapping(plain);
-    cursor.beginEditBlock();
-    cursor.removeSelectedText();
-    format = FormatInField(format, cursor);
-    const int start = cursor.position();
-    const bool wasFiller = !plain.isEmpty() && cursor.blockFormat().boolProperty(Filler);
-    if (wasFiller) { // what the selection left of its tables; else the new lines would be fillers, too
-        QTextBlockFormat block = cursor.blockFormat();
-        block.clearProperty(Filler);
-        cursor.setBlockFormat(block);
-    }
-    if (document()->isEmpty() || (wasFiller && HasEndOfItsOwn(cursor.block())))
-        cursor.setBlockCharFormat(format);
-    cursor.insertText(plain, format);
-    // at the start of a cell the format is the cell's as well, with its span and borders
-    if (keepsEnd && HasEndOfItsOwn(cursor.block()))
-        cursor.setBlockCharFormat(end);
-    PartBreaks(document()->findBlock(start), cursor.block());
-    cursor.endEditBlock();
-    cursor.setCharFormat(format);
+    QTextCursor cursor = textCursor();
+    ReplaceText(cursor, plain);
     setTextCursor(cursor);
     ScrollToCaret();
 }

@@ -22,9 +22,12 @@ bool IsLineEnd(QChar character) {
 } // namespace
 
 QString PlainText(const QTextDocument& document) {
-    QString text = document.toRawText();
-    std::replace_if(text.begin(), text.end(), IsLineEnd, QChar(u'\n'));
-    return text;
+    return PlainText(document.toRawText());
+}
+
+QString PlainText(QString raw) {
+    std::replace_if(raw.begin(), raw.end(), IsLineEnd, QChar(u'\n'));
+    return raw;
 }
 
 QString WithLineBreaks(const QString& text, const QString& raw) {

@@ -11,6 +11,8 @@ namespace platform {
 // The text of a document as positions count it: one UTF-16 unit for each position, each end of a paragraph,
 // line or table cell one '\n', a picture U+FFFC, no-break spaces as they are.
 QString PlainText(const QTextDocument& document);
+// The same of what QTextDocument::toRawText() gives, or a part of it.
+QString PlainText(QString raw);
 
 // Text that was made of a part of a document's, with U+2028 for those of its line ends that are breaks inside
 // of a paragraph in `raw`, the same part of QTextDocument::toRawText(); as it is where the number of line

@@ -114,18 +114,31 @@ private Q_SLOTS:
         }
     }
 
-    // The document tells of each change of its layout: many paragraphs need no more of them than a few.
-    void ManyParagraphsAreConvertedAtOnce() {
-        const auto layouts = [](int paragraphs) {
-            QString source = QStringLiteral("{\\rtf1");
-            for (int i = 0; i < paragraphs; ++i)
-                source += QStringLiteral("\\pard\\qc one\\par\\pard\\qj\\fi720 two\\par");
+    // The document tells of each time it is laid out again.
+    void MuchTextIsConvertedAtOnce_data() {
+        QTest::addColumn<QString>("part");
+        QTest::addColumn<QString>("converted");
+        QTest::newRow("paragraphs") << QStringLiteral("\\pard\\qc one\\par\\pard\\qj\\fi720 two\\par")
+                                    << QStringLiteral("ONE\nTWO\n");
+        QTest::newRow("cells") << QStringLiteral(
+                                      "\\trowd\\cellx3000\\cellx6000\\intbl\\qc one\\cell\\qj two\\cell\\row")
+                               << QStringLiteral("ONE\nTWO\n");
+    }
+    void MuchTextIsConvertedAtOnce() {
+        QFETCH(QString, part);
+        QFETCH(QString, converted);
+        const auto layouts = [&](int parts) -> qsizetype {
             RichTextBox box;
-            box.setTextRTF(source + QLatin1Char('}'));
-            box.selectAll();
+            box.setTextRTF(QStringLiteral("{\\rtf1 ") + part.repeated(parts) + QStringLiteral("\\pard end}"));
+            const QString text = box.Text();
+            QTextCursor cursor = box.textCursor();
+            cursor.setPosition(static_cast<int>(text.indexOf(QStringLiteral("one"))));
+            cursor.setPosition(static_cast<int>(text.lastIndexOf(QStringLiteral("two"))) + 3,
+                               QTextCursor::KeepAnchor);
+            box.setTextCursor(cursor);
             const QSignalSpy changes(box.document(), &QTextDocument::contentsChange);
-            box.ConvertSelText([](const QString& text) { return text.toUpper(); });
-            return changes.size();
+            box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+            return box.Text().contains(converted.repeated(parts)) ? changes.size() : 0;
         };
         QVERIFY(layouts(2) > 0);
         QCOMPARE(layouts(40), layouts(2));
