@@ -258,6 +258,8 @@ std::optional<int> ListNumberOf(QStringView text, ListKinds kind) {
 void ContinueNumbers(QTextDocument& document, int from, int to, int paragraphs) {
     std::vector<ListKey> known;
     int behind = 0;
+    QTextCursor edit(&document);
+    edit.beginEditBlock(); // laid out once, not for each number
     for (QTextBlock block = document.findBlock(from);
          block.isValid() && behind < kBlocksAround && known.size() < kMostLists; block = block.next()) {
         behind += block.position() > to ? 1 : 0;
@@ -270,6 +272,7 @@ void ContinueNumbers(QTextDocument& document, int from, int to, int paragraphs) 
             continue;
         ContinueFrom(*item, to, paragraphs);
     }
+    edit.endEditBlock();
 }
 
 } // namespace platform

@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextDocument>
 
 #include "platform/rich_text/rich_text_box.h"
 
@@ -201,6 +202,22 @@ private Q_SLOTS:
         QCOMPARE(Markers(box), QStringLiteral("1. 2. 3. 4."));
         const QString written = box.TextRTF();
         QVERIFY(written.contains(QStringLiteral("\\pnstart4")));
+    }
+
+    void ALongListIsCountedAgainAtOnce() {
+        const auto layouts = [](int items) -> qsizetype {
+            QStringList markers;
+            for (int i = 1; i <= items; ++i)
+                markers.append(QStringLiteral("%1.").arg(i));
+            RichTextBox box;
+            box.setTextRTF(Source(markers.join(u' ')));
+            const QSignalSpy changes(box.document(), &QTextDocument::contentsChange);
+            QTest::keyClick(&box, Qt::Key_Return);
+            markers.append(QStringLiteral("%1.").arg(items + 1));
+            return Markers(box) == markers.join(u' ') ? changes.size() : 0;
+        };
+        QVERIFY(layouts(3) > 0);
+        QCOMPARE(layouts(40), layouts(3));
     }
 
     void ConvertedTextKeepsItsNumbers_data() {
