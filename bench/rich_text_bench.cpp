@@ -7,10 +7,12 @@
 #include <QApplication>
 #include <QFile>
 #include <QImage>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <memory>
 
@@ -232,6 +234,54 @@ void ReadFormatOfAll(benchmark::State& state) {
         benchmark::DoNotOptimize(box->SelUnderline()); // the same everywhere
 }
 BENCHMARK(ReadFormatOfAll)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void ConvertAll(benchmark::State& state) {
+    const auto box = ShownBox(SourceOfPages(state));
+    bool upper = false;
+    for (auto _ : state) {
+        box->selectAll();
+        box->ConvertSelText(
+            [on = upper = !upper](const QString& text) { return on ? text.toUpper() : text.toLower(); });
+    }
+}
+BENCHMARK(ConvertAll)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
+
+void ConvertCells(benchmark::State& state) {
+    const auto rows = int(state.range(0));
+    const auto box =
+        ShownBox("{\\rtf1 " +
+                 QByteArray("\\trowd\\cellx3000\\cellx6000\\cellx9000\\intbl one\\cell two\\cell "
+                            "three\\cell\\row ")
+                     .repeated(rows) +
+                 "\\pard end}");
+    bool upper = false;
+    for (auto _ : state) {
+        QTextCursor cells(box->document());
+        cells.setPosition(int(box->Text().indexOf(u"one", 0, Qt::CaseInsensitive)));
+        cells.setPosition(int(box->Text().lastIndexOf(u"three", -1, Qt::CaseInsensitive)) + 5,
+                          QTextCursor::KeepAnchor);
+        box->setTextCursor(cells);
+        box->ConvertSelText(
+            [on = upper = !upper](const QString& text) { return on ? text.toUpper() : text.toLower(); });
+    }
+}
+BENCHMARK(ConvertCells)->Arg(20)->Arg(400)->Unit(benchmark::kMillisecond);
+
+// Enter in the first item of a list and Backspace after it: all the others are counted again.
+void PartListItem(benchmark::State& state) {
+    QByteArray source("{\\rtf1 ");
+    for (int i = 1; i <= state.range(0); ++i)
+        source += "\\pard\\fi-360\\li720\\ls1{\\listtext " + QByteArray::number(i) + ".\\tab}item\\par ";
+    const auto box = ShownBox(source + '}');
+    box->setSelStart(2);
+    for (auto _ : state) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Backspace}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+            QApplication::sendEvent(box.get(), &press);
+        }
+    }
+}
+BENCHMARK(PartListItem)->Arg(50)->Arg(1000)->Unit(benchmark::kMillisecond);
 
 void PrintAllPages(benchmark::State& state) {
     const auto box = ShownBox(SourceOfPages(state));
