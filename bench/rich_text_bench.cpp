@@ -235,13 +235,18 @@ void ReadFormatOfAll(benchmark::State& state) {
 }
 BENCHMARK(ReadFormatOfAll)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
 
+// Converts the selection to upper case, the next time to lower case.
+void SwitchCase(RichTextBox& box, bool& upper) {
+    upper = !upper;
+    box.ConvertSelText([upper](const QString& text) { return upper ? text.toUpper() : text.toLower(); });
+}
+
 void ConvertAll(benchmark::State& state) {
     const auto box = ShownBox(SourceOfPages(state));
     bool upper = false;
     for (auto _ : state) {
         box->selectAll();
-        box->ConvertSelText(
-            [on = upper = !upper](const QString& text) { return on ? text.toUpper() : text.toLower(); });
+        SwitchCase(*box, upper);
     }
 }
 BENCHMARK(ConvertAll)->Arg(10)->Arg(200)->Unit(benchmark::kMillisecond);
@@ -254,15 +259,15 @@ void ConvertCells(benchmark::State& state) {
                             "three\\cell\\row ")
                      .repeated(rows) +
                  "\\pard end}");
+    const auto first = int(box->Text().indexOf(u"one"));
+    const auto last = int(box->Text().lastIndexOf(u"three")) + 5;
     bool upper = false;
     for (auto _ : state) {
         QTextCursor cells(box->document());
-        cells.setPosition(int(box->Text().indexOf(u"one", 0, Qt::CaseInsensitive)));
-        cells.setPosition(int(box->Text().lastIndexOf(u"three", -1, Qt::CaseInsensitive)) + 5,
-                          QTextCursor::KeepAnchor);
+        cells.setPosition(first);
+        cells.setPosition(last, QTextCursor::KeepAnchor);
         box->setTextCursor(cells);
-        box->ConvertSelText(
-            [on = upper = !upper](const QString& text) { return on ? text.toUpper() : text.toLower(); });
+        SwitchCase(*box, upper);
     }
 }
 BENCHMARK(ConvertCells)->Arg(20)->Arg(400)->Unit(benchmark::kMillisecond);

@@ -1,11 +1,8 @@
 // Where the format commands leave the focus, the buttons and the other pane.
 #include "editor/format_commands.h"
 
-#include "editor/edit_tool_bar.h"
 #include "platform/controls/combo_box.h"
-#include "platform/controls/my_button.h"
-#include "platform/rich_text/rich_text_box.h"
-#include "tests/support/test_window.h"
+#include "tests/editor/format_desk.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -14,29 +11,16 @@ using namespace quillbrook;
 using platform::MyButton;
 using platform::RichTextBox;
 
-class FormatFocusTest : public QObject {
+class FormatFocusTest : public QObject, FormatDesk {
     Q_OBJECT
-
-    std::unique_ptr<TestWindow> m_window;
-
-    frmMain& Main() { return **m_window; }
-    EditToolBar& Bar() { return *Main().editToolBar; }
-
-    void Run(const QString& name) {
-        if (auto* button = Main().findChild<MyButton*>(name))
-            button->click();
-        else
-            Main().Menu(name)->trigger();
-    }
 
 private Q_SLOTS:
     void init() {
         m_window = std::make_unique<TestWindow>();
         QVERIFY(m_window->loaded);
         QVERIFY(m_window->Show());
-        m_window->services.commonDialog.font = {
-            u"Liberation Mono"_qs, 18, false, false, false, false, Qt::red};
-        m_window->services.commonDialog.color = Qt::red;
+        Dialog().font = {u"Liberation Mono"_qs, 18, false, false, false, false, Qt::red};
+        Dialog().color = Qt::red;
     }
     void cleanup() { m_window.reset(); }
 

@@ -1,95 +1,14 @@
 // The page setup dialog and the paper menu, in the real window.
 #include "output/page_setup.h"
-
 #include "output/paper_commands.h"
-#include "platform/controls/frame.h"
-#include "platform/controls/hyper_label.h"
 #include "platform/rich_text/rich_text_box.h"
-#include "tests/support/test_window.h"
+#include "tests/output/page_setup_desk.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
 using namespace quillbrook;
-
-Q_DECLARE_METATYPE(Paper)
-
-namespace {
-
-// The window with the controls of its dialog, by their names.
-struct Desk {
-    TestWindow window;
-
-    QWidget* Dialog() { return window->Windows().Load(u"frmPageSetup"_qs); }
-    template <class Control = QLineEdit>
-    Control* Find(const char* name) {
-        return Dialog()->findChild<Control*>(QLatin1String(name));
-    }
-    QString Text(const char* box) { return Find(box)->text(); }
-    QString Size() { return Text("txtWidth") + u'|' + Text("txtHeight"); }
-    void Click(const char* control) { Find<QAbstractButton>(control)->click(); }
-    void Type(const char* box, const QString& text) { Find(box)->setText(text); }
-    void Choose(const char* entry) { window->Menu(QLatin1String(entry))->trigger(); }
-    QString Caption() { return window->Menu(u"mnuCustomSize"_qs)->text(); }
-
-    QStringList CheckedEntries() {
-        QStringList names;
-        for (const PaperSize& size : kPaperSizes)
-            if (window->Menu(QLatin1String(size.menu))->isChecked())
-                names += QLatin1String(size.menu);
-        return names;
-    }
-    QStringList SelectedOptions() {
-        QStringList names;
-        for (const PaperSize& size : kPaperSizes)
-            if (Find<QRadioButton>(size.option)->isChecked())
-                names += QLatin1String(size.option);
-        return names;
-    }
-    bool Shows(Paper paper) {
-        const PaperSize& size = kPaperSizes[std::size_t(paper)];
-        return CheckedEntries() == QStringList{QLatin1String(size.menu)} &&
-               SelectedOptions() == QStringList{QLatin1String(size.option)};
-    }
-    // Chooses an entry that shows the dialog, and does this in it; it is to hide the dialog.
-    template <class Action>
-    bool InDialog(const char* entry, Action action) {
-        bool modal = false;
-        QTimer::singleShot(0, Dialog(), [&] {
-            if (window->isVisible() &&
-                !QTest::qWaitFor([&] { return QApplication::activeWindow() == Dialog(); }))
-                qWarning("the dialog did not become active");
-            modal =
-                Dialog()->isVisible() && Dialog()->isModal() && QApplication::activeModalWidget() == Dialog();
-            action();
-            Dialog()->hide();
-        });
-        Choose(entry);
-        return modal;
-    }
-    void ConfirmCustom(const QString& width, const QString& height) {
-        InDialog("mnuCustomSize", [&] {
-            Type("txtWidth", width);
-            Type("txtHeight", height);
-            Click("btnOk");
-        });
-    }
-    bool SizeIsEnabled(bool enabled) {
-        for (const char* name : {"txtWidth", "txtHeight", "vsWUp", "vsWDown", "vsHUp", "vsHDown"})
-            if (Find<QWidget>(name)->isEnabled() != enabled)
-                return false;
-        return true;
-    }
-    bool MarginsAreEnabled() {
-        for (const char* name : {"txtLeft", "txtRight", "txtTop", "txtBottom", "vsLUp", "vsLDown", "vsRUp",
-                                 "vsRDown", "vsTUp", "vsTDown", "vsBUp", "vsBDown"})
-            if (!Find<QWidget>(name)->isEnabled())
-                return false;
-        return true;
-    }
-};
-
-} // namespace
+using Desk = PageSetupDesk;
 
 class PageSetupTest : public QObject {
     Q_OBJECT
@@ -103,117 +22,6 @@ class PageSetupTest : public QObject {
     }
 
 private Q_SLOTS:
-    void ItIsLoadedHiddenAtTheEndOfTheStart() {
-        Desk desk;
-        QVERIFY(desk.window->Windows().IsLoaded(u"frmPageSetup"_qs));
-        QVERIFY(!desk.Dialog()->isVisible());
-    }
-
-    void WithoutFormsItIsLoadedAtItsFirstUse() {
-        TestWindow window{std::vector<TestForm>{}};
-        QVERIFY(!window->Windows().IsLoaded(u"frmPageSetup"_qs));
-        QCOMPARE(window->paperCommands->Model().Text(PageBox::Height), u"13.0"_qs);
-        QVERIFY(window->Windows().IsLoaded(u"frmPageSetup"_qs));
-    }
-
-    void ItStandsInTheMiddleOfTheScreen() {
-        Desk desk;
-        const QRect screen = QGuiApplication::primaryScreen()->geometry();
-        const QRect dialog = desk.Dialog()->geometry();
-        QVERIFY((screen.center() - dialog.center()).manhattanLength() <= 2);
-    }
-
-    void TheBoxesStartWithTheirTexts_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("txtWidth") << u"8.5"_qs;
-        QTest::newRow("txtHeight") << u"13.0"_qs;
-        for (const char* box : {"txtLeft", "txtRight", "txtTop", "txtBottom"})
-            QTest::newRow(box) << u"1.0"_qs;
-    }
-    void TheBoxesStartWithTheirTexts() {
-        QFETCH(QString, text);
-        Desk desk;
-        QCOMPARE(desk.Text(QTest::currentDataTag()), text);
-    }
-
-    void LongIsThePaperOfEachStart() {
-        {
-            Desk before;
-            before.Choose("mnuA4Size");
-            before.Type("txtTop", u"2"_qs);
-            before.window->close();
-        }
-        Desk desk; // nothing of it was kept
-        QCOMPARE(desk.Size(), u"8.5|13.0"_qs);
-        QCOMPARE(desk.Text("txtTop"), u"1.0"_qs);
-        QVERIFY(desk.Shows(Paper::Long));
-        QVERIFY(desk.SizeIsEnabled(false));
-        QVERIFY(desk.MarginsAreEnabled());
-        QCOMPARE(desk.Caption(), u"Custom Size..."_qs);
-    }
-
-    void FramesLabelsAndOptionsHaveTheirCaptions() {
-        Desk desk;
-        QStringList captions;
-        for (const auto* frame : desk.Dialog()->findChildren<platform::Frame*>())
-            captions += frame->Caption();
-        QCOMPARE(captions, (QStringList{u"Paper Size (in inches)"_qs, u"Margins (in inches)"_qs}));
-        for (const PaperSize& size : kPaperSizes) {
-            QCOMPARE(desk.Find<QRadioButton>(size.option)->text(), QLatin1String(size.optionCaption));
-            QCOMPARE(desk.Find<platform::HyperLabel>(size.label)->text(), QLatin1String(size.optionCaption));
-        }
-        QStringList labels;
-        for (const auto* label : desk.Dialog()->findChildren<QLabel*>())
-            labels += label->text();
-        QCOMPARE(labels, (QStringList{u"Width:"_qs, u"Height:"_qs, u"Left:"_qs, u"Right:"_qs, u"Top:"_qs,
-                                      u"Bottom:"_qs}));
-    }
-
-    void EachFrameHoldsItsControls_data() {
-        QTest::addColumn<QString>("controls");
-        QTest::newRow("Paper Size (in inches)") << u"optLong optShort optA4 optCustom HyperLong HyperShort "
-                                                   u"HyperA4 HyperCustom Width: txtWidth vsWUp "
-                                                   "vsWDown Height: txtHeight vsHUp vsHDown"_qs;
-        QTest::newRow("Margins (in inches)")
-            << u"Left: txtLeft vsLUp vsLDown Right: txtRight vsRUp vsRDown Top: txtTop vsTUp vsTDown Bottom: "
-               "txtBottom vsBUp vsBDown"_qs;
-    }
-    void EachFrameHoldsItsControls() {
-        QFETCH(QString, controls);
-        Desk desk;
-        QStringList found;
-        for (const auto* frame : desk.Dialog()->findChildren<platform::Frame*>()) {
-            if (frame->Caption() != QLatin1String(QTest::currentDataTag()))
-                continue;
-            for (const QWidget* control : frame->findChildren<QWidget*>()) {
-                const auto* label = qobject_cast<const QLabel*>(control);
-                found += label ? label->text() : control->objectName();
-            }
-        }
-        found.removeAll(QString()); // what only holds others
-        QStringList wanted = controls.split(u' ');
-        wanted.sort();
-        found.sort();
-        QCOMPARE(found, wanted);
-    }
-
-    void OneButtonClosesIt() {
-        Desk desk;
-        QCOMPARE(desk.Dialog()->findChildren<QPushButton*>().size(), 1);
-        QVERIFY(desk.Find<QPushButton>("btnOk")->isDefault());
-    }
-
-    void EveryControlHasANameForAScreenReader() {
-        Desk desk;
-        desk.Dialog()->show();
-        for (const QWidget* control : desk.Dialog()->findChildren<QWidget*>()) {
-            if (control->focusPolicy() == Qt::NoFocus && !qobject_cast<const QAbstractButton*>(control))
-                continue;
-            QAccessibleInterface* told = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(control));
-            QVERIFY2(!told->text(QAccessible::Name).isEmpty(), qPrintable(control->objectName()));
-        }
-    }
-
     void APapersEntrySetsItAndShowsNothing_data() { PaperRows(); }
     void APapersEntrySetsItAndShowsNothing() {
         QFETCH(Paper, paper);
@@ -442,24 +250,6 @@ private Q_SLOTS:
         });
         QCOMPARE(desk.Caption(), u"Custom (9 x 13.0)..."_qs);
         QCOMPARE(desk.Size(), u"9|13.0"_qs);
-    }
-
-    void TheFirstUsefulControlHasTheFocus_data() {
-        QTest::addColumn<QString>("control");
-        QTest::newRow("mnuPageSetup") << u"optShort"_qs;
-        QTest::newRow("mnuCustomSize") << u"txtWidth"_qs;
-    }
-    void TheFirstUsefulControlHasTheFocus() {
-        QFETCH(QString, control);
-        Desk desk;
-        QVERIFY(desk.window.Show());
-        desk.Choose("mnuShortSize");
-        QString focused;
-        desk.InDialog(QTest::currentDataTag(), [&] {
-            const QWidget* widget = QApplication::focusWidget();
-            focused = widget ? widget->objectName() : QString();
-        });
-        QCOMPARE(focused, control);
     }
 
     void LoadedAgainItStartsAtLongAndLeavesTheMenu() {

@@ -64,7 +64,8 @@ public:
     bool setSelText(const QString& text);
 
     // Replaces the selected text by what `convert`, which keeps the length, makes of it, as setSelText()
-    // does, keeping line breaks inside of paragraphs; of selected cells each for itself.
+    // does, keeping line breaks inside of paragraphs and the formats of paragraphs; of selected cells each
+    // for itself.
     void ConvertSelText(const std::function<QString(const QString&)>& convert);
 
     // The selection as the source of a document of its own, empty for none. Setting replaces the selection; a

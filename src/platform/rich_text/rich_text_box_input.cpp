@@ -87,11 +87,10 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
             event->accept();
             return;
         }
-        const bool isLineBreak = event->matches(QKeySequence::InsertLineSeparator);
-        if (isLineBreak && cursor.hasSelection())
-            InsertText(QString()); // the break takes the format of its first character
-        if (isLineBreak)
+        if (event->matches(QKeySequence::InsertLineSeparator)) {
+            InsertText(QString()); // the break takes the format of the first character it replaces
             FitCaretForText();
+        }
         if (TypesText(*event)) {
             // in the format of the first character of what it replaces, like all text
             if (cursor.hasSelection() || cursor.charFormat().hasProperty(QTextFormat::ObjectType) ||
@@ -116,8 +115,8 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent* event) {
     Edit edit(*this);
     const bool hadSelection = textCursor().hasSelection();
     const bool isTyping = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-    if (isTyping && hadSelection && !isReadOnly())
-        InsertText(QString()); // what replaces it takes the format of its first character
+    if (isTyping && !isReadOnly())
+        InsertText(QString()); // what replaces a selection takes the format of its first character
     if (!event->commitString().isEmpty() && !isReadOnly())
         FitCaretForText();
     // a text that is only being composed is none of the document's

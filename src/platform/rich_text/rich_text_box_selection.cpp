@@ -46,18 +46,12 @@ std::vector<std::optional<QTextBlockFormat>> ParagraphFormats(const QTextCursor&
     return formats;
 }
 
-// All in one edit: the text is laid out after each.
 void SetParagraphFormats(QTextBlock block, const std::vector<std::optional<QTextBlockFormat>>& formats) {
-    QTextCursor cursor(block);
-    cursor.beginEditBlock();
     for (const std::optional<QTextBlockFormat>& format : formats) {
-        if (format && *format != block.blockFormat()) {
-            cursor.setPosition(block.position());
-            cursor.setBlockFormat(*format);
-        }
+        if (format && *format != block.blockFormat())
+            QTextCursor(block).setBlockFormat(*format);
         block = block.next();
     }
-    cursor.endEditBlock();
 }
 
 // Puts text as it may stand in a document, with U+2028 for breaks inside of a paragraph, in the place of what
@@ -100,17 +94,16 @@ void ReplaceText(QTextCursor& cursor, const QString& plain) {
     cursor.setCharFormat(format);
 }
 
-// Replaces what is selected by what `convert` makes of its text, which `raw`, the text of the document, has
-// in the same place. The paragraphs keep their formats where they stay as many.
-void ConvertText(QTextCursor& cursor, const QString& raw,
-                 const std::function<QString(const QString&)>& convert) {
+// Replaces what is selected by what `convert` makes of its text. The paragraphs keep their formats where they
+// stay as many. To be called within an edit block, as all would be laid out again for each of them.
+void ConvertText(QTextCursor& cursor, const std::function<QString(const QString&)>& convert) {
     if (!cursor.hasSelection())
         return;
     const int start = cursor.selectionStart();
-    const QString part = raw.mid(start, cursor.selectionEnd() - start);
+    const QString raw = cursor.selectedText();
     const std::vector<std::optional<QTextBlockFormat>> formats = ParagraphFormats(cursor);
     const int paragraphs = cursor.document()->blockCount();
-    ReplaceText(cursor, WithLineBreaks(NormalizedText(convert(PlainText(part))), part));
+    ReplaceText(cursor, WithLineBreaks(NormalizedText(convert(PlainText(raw))), raw));
     if (cursor.document()->blockCount() == paragraphs) // now all of one format
         SetParagraphFormats(cursor.document()->findBlock(start), formats);
 }
@@ -174,16 +167,15 @@ bool RichTextBox::setSelText(const QString& text) {
 void RichTextBox::ConvertSelText(const std::function<QString(const QString&)>& convert) {
     Edit edit(*this);
     QTextCursor cursor = textCursor();
-    const QString raw = document()->toRawText();
     // the range of the selection holds but parts of the first and the last cell, and cells of other columns
     const std::vector<QTextTableCell> cells = SelectedCells(cursor);
     cursor.beginEditBlock(); // laid out once
     if (cells.empty())
-        ConvertText(cursor, raw, convert);
+        ConvertText(cursor, convert);
     for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell) { // the places before it stay
         cursor.setPosition(cell->firstPosition());
         cursor.setPosition(cell->lastPosition(), QTextCursor::KeepAnchor);
-        ConvertText(cursor, raw, convert);
+        ConvertText(cursor, convert);
     }
     cursor.endEditBlock();
     if (!cells.empty())

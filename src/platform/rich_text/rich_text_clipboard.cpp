@@ -215,27 +215,22 @@ void FormatEnds(const QTextBlock& first, const QTextBlock& last, const QTextDocu
         if (block.blockFormat() != format)
             QTextCursor(block).setBlockFormat(format);
     };
-    if (begin.boolProperty(Filler)) { // a table comes first: the line before it keeps what it has
-        if (first == last || last.length() <= 1)
-            return;
-        QTextBlockFormat before = first.blockFormat();
-        QTextBlockFormat behind = place.isEmpty ? last.blockFormat() : place.format;
+    const bool tableFirst = begin.boolProperty(Filler);
+    if (first == last) {
+        if (place.isAllEmpty && !tableFirst)
+            set(first, begin);
+        return;
+    }
+    if (tableFirst && last.length() <= 1)
+        return;
+    QTextBlockFormat before = tableFirst ? first.blockFormat() : begin; // before a table it keeps what it has
+    QTextBlockFormat behind = place.isEmpty ? last.blockFormat() : place.format;
+    if (tableFirst) {
         if (behind.hasProperty(SectionBreak))
             before.clearProperty(SectionBreak);
         if (before.hasProperty(QTextFormat::PageBreakPolicy))
             behind.clearProperty(QTextFormat::PageBreakPolicy);
-        set(first, before);
-        set(last, behind);
-        return;
-    }
-    if (first == last) {
-        if (place.isAllEmpty)
-            set(first, begin);
-        return;
-    }
-    QTextBlockFormat before = begin;
-    QTextBlockFormat behind = place.isEmpty ? last.blockFormat() : place.format;
-    if (!place.atStart && place.format.hasProperty(QTextFormat::PageBreakPolicy)) {
+    } else if (!place.atStart && place.format.hasProperty(QTextFormat::PageBreakPolicy)) {
         before.setPageBreakPolicy(place.format.pageBreakPolicy());
         behind.clearProperty(QTextFormat::PageBreakPolicy);
     }

@@ -11,12 +11,12 @@ namespace platform {
 // The text of a document as positions count it: one UTF-16 unit for each position, each end of a paragraph,
 // line or table cell one '\n', a picture U+FFFC, no-break spaces as they are.
 QString PlainText(const QTextDocument& document);
-// The same of what QTextDocument::toRawText() gives, or a part of it.
+// The same of what QTextDocument::toRawText() or QTextCursor::selectedText() gives.
 QString PlainText(QString raw);
 
 // Text that was made of a part of a document's, with U+2028 for those of its line ends that are breaks inside
-// of a paragraph in `raw`, the same part of QTextDocument::toRawText(); as it is where the number of line
-// ends is another.
+// of a paragraph in `raw`, the same part as QTextCursor::selectedText() gives it; as it is where the number
+// of line ends is another.
 QString WithLineBreaks(const QString& text, const QString& raw);
 
 // Text as it may stand in a document: each line end ("\r\n", '\r', U+2028, U+2029, form feed) one '\n', and

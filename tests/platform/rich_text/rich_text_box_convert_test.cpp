@@ -6,6 +6,9 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "tests/platform/rich_text/selections.h"
+
+using namespace rich_text_selections;
 using platform::RichTextBox;
 
 class RichTextBoxConvertTest final : public QObject {
@@ -32,12 +35,9 @@ private Q_SLOTS:
                                       "\\intbl one\\par two\\cell and\\par\\cell\\row"
                                       "\\trowd\\cellx3000\\cellx6000\\intbl to\\cell by\\cell\\row"
                                       "\\pard end\\par}"));
-        QTextCursor cursor = box.textCursor();
-        cursor.setPosition(anchor);
-        cursor.setPosition(caret, QTextCursor::KeepAnchor);
-        box.setTextCursor(cursor);
+        SelectCells(box, anchor, caret);
         const QSignalSpy changes(&box, &RichTextBox::Change);
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        ConvertToUpper(box);
         QCOMPARE(box.Text(), text);
         QCOMPARE(changes.size(), 1);
     }
@@ -56,9 +56,8 @@ private Q_SLOTS:
         QFETCH(QString, text);
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1\\pard\\fi720 one\\line two\\par three\\line four}"));
-        box.setSelStart(start);
-        box.setSelLength(length);
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        Select(box, start, length);
+        ConvertToUpper(box);
         QCOMPARE(box.document()->toRawText(), text);
         RichTextBox other;
         other.setTextRTF(box.TextRTF());
@@ -69,7 +68,7 @@ private Q_SLOTS:
         RichTextBox box;
         box.setTextRTF(QStringLiteral("{\\rtf1 Stra\\'dfe\\line two\\par}"));
         box.selectAll();
-        box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+        ConvertToUpper(box);
         QCOMPARE(box.document()->toRawText(), QStringLiteral("STRASSE\u2028TWO"));
     }
 
@@ -131,13 +130,10 @@ private Q_SLOTS:
             RichTextBox box;
             box.setTextRTF(QStringLiteral("{\\rtf1 ") + part.repeated(parts) + QStringLiteral("\\pard end}"));
             const QString text = box.Text();
-            QTextCursor cursor = box.textCursor();
-            cursor.setPosition(static_cast<int>(text.indexOf(QStringLiteral("one"))));
-            cursor.setPosition(static_cast<int>(text.lastIndexOf(QStringLiteral("two"))) + 3,
-                               QTextCursor::KeepAnchor);
-            box.setTextCursor(cursor);
+            SelectCells(box, int(text.indexOf(QStringLiteral("one"))),
+                        int(text.lastIndexOf(QStringLiteral("two"))) + 3);
             const QSignalSpy changes(box.document(), &QTextDocument::contentsChange);
-            box.ConvertSelText([](const QString& given) { return given.toUpper(); });
+            ConvertToUpper(box);
             return box.Text().contains(converted.repeated(parts)) ? changes.size() : 0;
         };
         QVERIFY(layouts(2) > 0);

@@ -7,7 +7,9 @@
 #include <QTextDocument>
 
 #include "platform/rich_text/rich_text_box.h"
+#include "tests/platform/rich_text/selections.h"
 
+using namespace rich_text_selections;
 using platform::ListKinds;
 using platform::RichTextBox;
 
@@ -238,9 +240,8 @@ private Q_SLOTS:
         box.setTextRTF(Source(markers));
         const QString before = Markers(box);
         const QSignalSpy changes(&box, &RichTextBox::Change);
-        box.setSelStart(start);
-        box.setSelLength(length);
-        box.ConvertSelText([](const QString& text) { return text.toUpper(); });
+        Select(box, start, length);
+        ConvertToUpper(box);
         QCOMPARE(Markers(box), before);
         QCOMPARE(changes.size(), 1);
         RichTextBox other;
@@ -252,9 +253,8 @@ private Q_SLOTS:
         RichTextBox box;
         box.setTextRTF(OlderSource());
         const QString before = Markers(box);
-        box.setSelStart(0);
-        box.setSelLength(9);
-        box.ConvertSelText([](const QString& text) { return text.toUpper(); });
+        Select(box, 0, 9);
+        ConvertToUpper(box);
         QCOMPARE(Markers(box), before);
         QVERIFY(box.TextRTF().contains(QStringLiteral("\\pnstart2")));
     }

@@ -4,7 +4,7 @@
 
 #include <QTextCursor>
 
-// Selections in a box, and a text to select in.
+// Selections in a box, a text to select in, and a conversion of what is selected.
 namespace rich_text_selections {
 
 inline void Select(platform::RichTextBox& box, int start, int length) {
@@ -24,6 +24,10 @@ inline void SelectCells(platform::RichTextBox& box, int inFirst, int inLast) {
     cursor.setPosition(inFirst);
     cursor.setPosition(inLast, QTextCursor::KeepAnchor);
     box.setTextCursor(cursor);
+}
+
+inline void ConvertToUpper(platform::RichTextBox& box) {
+    box.ConvertSelText([](const QString& text) { return text.toUpper(); });
 }
 
 } // namespace rich_text_selections
